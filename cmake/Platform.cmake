@@ -1,0 +1,46 @@
+# The router's own libraries: libuci, libubox and libubus. The plug-in is compiled against their headers and leaves their
+# symbols to the process that loads it; processes (kovadm, tests) link them.
+
+set(KOVA_PLATFORM auto CACHE STRING "Platform libraries: auto, system or standin")
+set_property(CACHE KOVA_PLATFORM PROPERTY STRINGS auto system standin)
+
+add_library(platform-headers INTERFACE)
+add_library(platform-libraries INTERFACE)
+target_link_libraries(platform-libraries INTERFACE platform-headers)
+
+find_path(KOVA_UCI_INCLUDE uci.h)
+find_path(KOVA_UBOX_INCLUDE libubox/blobmsg.h)
+find_path(KOVA_UBUS_INCLUDE libubus.h)
+find_library(KOVA_UCI_LIBRARY uci)
+find_library(KOVA_UBOX_LIBRARY ubox)
+find_library(KOVA_UBUS_LIBRARY ubus)
+if(KOVA_UCI_INCLUDE AND KOVA_UBOX_INCLUDE AND KOVA_UBUS_INCLUDE AND KOVA_UCI_LIBRARY AND KOVA_UBOX_LIBRARY
+   AND KOVA_UBUS_LIBRARY)
+  set(system_platform TRUE)
+endif()
+
+if(KOVA_PLATFORM STREQUAL "system" AND NOT system_platform)
+  message(FATAL_ERROR "KOVA_PLATFORM=system: libuci, libubox and libubus are not all installed with their headers")
+elseif(NOT KOVA_PLATFORM MATCHES "^(auto|system|standin)$")
+  message(FATAL_ERROR "KOVA_PLATFORM is auto, system or standin, not ${KOVA_PLATFORM}")
+endif()
+
+# The stand-ins read JSON with a header-only library, which serves cross builds too.
+find_path(KOVA_JSON_INCLUDE nlohmann/json.hpp HINTS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+
+if(system_platform AND NOT KOVA_PLATFORM STREQUAL "standin")
+  message(STATUS "Platform libraries: the system's")
+  target_include_directories(platform-headers SYSTEM INTERFACE ${KOVA_UCI_INCLUDE} ${KOVA_UBOX_INCLUDE}
+                                                               ${KOVA_UBUS_INCLUDE})
+  set(platform ${KOVA_UCI_LIBRARY} ${KOVA_UBUS_LIBRARY} ${KOVA_UBOX_LIBRARY})
+else()
+  message(STATUS "Platform libraries: stand-ins, for development only")
+  add_subdirectory(lab/platform)
+  foreach(library uci ubox ubus)
+    target_include_directories(platform-headers SYSTEM
+                               INTERFACE $<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>)
+  endforeach()
+  set(platform uci ubus ubox)
+endif()
+# Needed by the plug-in that the process loads, even where the process itself uses none of them.
+target_link_libraries(platform-libraries INTERFACE -Wl,--push-state,--no-as-needed ${platform} -Wl,--pop-state)

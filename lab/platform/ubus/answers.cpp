@@ -1,0 +1,88 @@
+#include "answers.hpp"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "libubus.h"
+
+extern char** environ;
+
+namespace standin {
+namespace {
+
+bool matches(const Json& when, const Json& request) {
+  for (const auto& [name, value] : when.items()) {
+    if (!request.contains(name) || request[name] != value) return false;
+  }
+  return true;
+}
+
+// What a program prints, run with one argument. Not through popen: the lab's users watch that for the plug-in's sake.
+std::string output_of(const std::string& program, const std::string& argument) {
+  int ends[2];
+  if (pipe(ends) != 0) return {};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+  posix_spawn_file_actions_addclose(&actions, ends[0]);
+  const char* const arguments[] = {program.c_str(), argument.c_str(), nullptr};
+  pid_t child = 0;
+  const int error =
+      posix_spawn(&child, program.c_str(), &actions, nullptr, const_cast<char* const*>(arguments), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  close(ends[1]);
+  std::string output;
+  char block[4096];
+  ssize_t length = 0;
+  while (error == 0 && (length = read(ends[0], block, sizeof block)) > 0)
+    output.append(block, static_cast<size_t>(length));
+  close(ends[0]);
+  if (error == 0) waitpid(child, nullptr, 0);
+  return output;
+}
+
+BusAnswer answer_of(const Json& entry, const Json& request) {
+  if (entry.contains("status")) return {entry["status"].get<int>(), nullptr};
+  if (entry.contains("reply")) return {UBUS_STATUS_OK, entry["reply"]};
+  if (entry.contains("script")) {
+    const std::string output = output_of(entry["script"].get<std::string>(), request.dump());
+    return {UBUS_STATUS_OK, output.empty() ? Json() : Json::parse(output)};
+  }
+  return {UBUS_STATUS_OK, entry.contains("when") ? Json() : entry};
+}
+
+}  // namespace
+
+std::filesystem::path bus_directory() {
+  const char* chosen = std::getenv("KOVA_LAB_BUS");
+  return chosen != nullptr ? chosen : "/etc/lab/bus";
+}
+
+std::vector<std::string> bus_objects() {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(bus_directory()))
+    if (entry.is_directory()) names.push_back(entry.path().filename());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+BusAnswer bus_answer(const std::string& object, const std::string& method, const Json& request) {
+  std::ifstream file(bus_directory() / object / (method + ".json"));
+  if (!file) return {UBUS_STATUS_METHOD_NOT_FOUND, nullptr};
+  const Json content = Json::parse(file);
+  if (!content.is_array()) {
+    const bool other = content.contains("when") && !matches(content["when"], request);
+    return other ? BusAnswer{UBUS_STATUS_NOT_FOUND, nullptr} : answer_of(content, request);
+  }
+  for (const Json& entry : content) {
+    if (!entry.contains("when") || matches(entry["when"], request)) return answer_of(entry, request);
+  }
+  return {UBUS_STATUS_NOT_FOUND, nullptr};
+}
+
+}  // namespace standin

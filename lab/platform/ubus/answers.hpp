@@ -1,0 +1,30 @@
+// The bus's answers, kept in files: DIRECTORY/OBJECT/METHOD.json.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "json.hpp"
+
+namespace standin {
+
+// Where the answers are: $KOVA_LAB_BUS, or /etc/lab/bus.
+std::filesystem::path bus_directory();
+
+std::vector<std::string> bus_objects();
+
+// An answer: a bus status, and for success the reply; null for none.
+struct BusAnswer {
+  int status;
+  Json reply;
+};
+
+// The answer to a call. A file is one case or an array of cases, of which the first that matches counts:
+//   {"when": {"name": "br-lan"}, "reply": {...}}   "when" (optional): members that the request must have
+//   {"status": 7}                                  fails with this bus status
+//   {"script": "/path/program"}                    what the program prints, run with the request as its argument
+// An object with none of these members is itself the reply.
+BusAnswer bus_answer(const std::string& object, const std::string& method, const Json& request);
+
+}  // namespace standin

@@ -1,0 +1,68 @@
+#include "libubus.h"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+#include <memory>
+
+#include "answers.hpp"
+
+using namespace standin;
+
+struct ubus_context {
+  std::vector<std::string> objects;  // an object's id is its place, counted from 1
+};
+
+ubus_context* ubus_connect(const char* /*path*/) {
+  std::error_code error;
+  if (!std::filesystem::is_directory(bus_directory(), error)) return nullptr;
+  return new ubus_context{bus_objects()};
+}
+
+void ubus_free(ubus_context* ctx) { delete ctx; }
+
+int ubus_lookup_id(ubus_context* ctx, const char* object, uint32_t* id) {
+  const auto found = std::find(ctx->objects.begin(), ctx->objects.end(), object);
+  if (found == ctx->objects.end()) return UBUS_STATUS_NOT_FOUND;
+  *id = static_cast<uint32_t>(found - ctx->objects.begin()) + 1;
+  return UBUS_STATUS_OK;
+}
+
+int ubus_invoke_fd(ubus_context* ctx, uint32_t id, const char* method, blob_attr* msg, ubus_data_handler_t cb,
+                   void* priv, int /*timeout*/, int /*fd*/) {
+  if (id == 0 || id > ctx->objects.size()) return UBUS_STATUS_NOT_FOUND;
+  const std::string& object = ctx->objects[id - 1];
+  try {
+    const Json request = msg != nullptr ? to_json(blob_data(msg), blob_len(msg)) : Json::object();
+    const BusAnswer answer = bus_answer(object, method, request);
+    if (answer.status != UBUS_STATUS_OK || answer.reply.is_null()) return answer.status;
+    blob_buf message = {};
+    const std::unique_ptr<blob_buf, decltype(&blob_buf_free)> owner(&message, &blob_buf_free);
+    blob_buf_init(&message, 0);
+    add_members(message, answer.reply);
+    ubus_request reply = {ctx, priv};
+    if (cb != nullptr) cb(&reply, UBUS_MSG_DATA, message.head);
+    return UBUS_STATUS_OK;
+  } catch (const std::exception& fault) {
+    fprintf(stderr, "ubus stand-in: %s %s: %s\n", object.c_str(), method, fault.what());
+    return UBUS_STATUS_PARSE_ERROR;
+  }
+}
+
+const char* ubus_strerror(int error) {
+  static constexpr const char* kTexts[] = {"Success",
+                                           "Invalid command",
+                                           "Invalid argument",
+                                           "Method not found",
+                                           "Not found",
+                                           "No response",
+                                           "Permission denied",
+                                           "Request timed out",
+                                           "Operation not supported",
+                                           "Unknown error",
+                                           "Connection failed",
+                                           "Out of memory",
+                                           "Parsing message data failed",
+                                           "System error"};
+  return error >= 0 && error < static_cast<int>(std::size(kTexts)) ? kTexts[error] : "Unknown error";
+}

@@ -1,0 +1,255 @@
+#include "model.hpp"
+
+#include <cctype>
+#include <cstring>
+
+namespace standin {
+namespace {
+
+void append(uci_list& list, uci_element& element) {
+  element.list.prev = list.prev;
+  element.list.next = &list;
+  list.prev->next = &element.list;
+  list.prev = &element.list;
+}
+
+void unlink(uci_element& element) {
+  element.list.prev->next = element.list.next;
+  element.list.next->prev = element.list.prev;
+}
+
+uci_element make_element(uci_type type, std::string_view name) { return {{nullptr, nullptr}, type, copy(name)}; }
+
+void free_items(uci_list& list) {
+  while (list.next != &list) {
+    uci_element* item = list_to_element(list.next);
+    unlink(*item);
+    delete[] item->name;
+    delete item;
+  }
+}
+
+// The running number tells sections of one type apart; the hash notices that the number now means another type.
+std::string generated_name(unsigned number, std::string_view type) {
+  unsigned hash = 5381;
+  for (const char c : type) hash = hash * 33 + static_cast<unsigned char>(c);
+  char name[32];
+  snprintf(name, sizeof name, "cfg%02x%04x", number, (hash & 0x7fffffff) % 0x10000);
+  return name;
+}
+
+void add_item(uci_option& option, std::string_view value) {
+  append(option.v.list, *new uci_element(make_element(UCI_TYPE_ITEM, value)));
+}
+
+// Empties an option of whatever it holds.
+void clear(uci_option& option) {
+  if (option.type == UCI_TYPE_LIST) {
+    free_items(option.v.list);
+  } else {
+    delete[] option.v.string;
+  }
+}
+
+uci_option* find_option(uci_section& section, std::string_view name) {
+  uci_element* element = find(section.options, name);
+  return element != nullptr ? uci_to_option(element) : nullptr;
+}
+
+uci_option* add_option(uci_section& section, std::string_view name) {
+  auto* option = new uci_option();
+  option->e = make_element(UCI_TYPE_OPTION, name);
+  option->section = &section;
+  option->type = UCI_TYPE_STRING;
+  option->v.string = nullptr;
+  append(section.options, option->e);
+  return option;
+}
+
+void apply_to_section(Package& package, uci_section* section, const Change& change) {
+  switch (change.kind) {
+    case Change::SET:
+      if (section != nullptr) {
+        assign(section->type, change.value);
+      } else {
+        add_section(package, change.value, change.section);
+      }
+      break;
+    case Change::ADD:
+      add_section(package, change.value, "");
+      break;
+    case Change::REMOVE:
+      if (section != nullptr) free_section(section);
+      break;
+    case Change::RENAME:
+      if (section != nullptr) {
+        assign(section->e.name, change.value);
+        section->anonymous = false;
+      }
+      break;
+    default:
+      break;
+  }
+}
+
+void apply_to_option(uci_section& section, const Change& change) {
+  uci_option* option = find_option(section, change.option);
+  switch (change.kind) {
+    case Change::SET:
+      set_string(section, change.option, change.value);
+      break;
+    case Change::ADD_TO_LIST:
+      add_to_list(section, change.option, change.value);
+      break;
+    case Change::REMOVE:
+      if (option != nullptr) free_option(option);
+      break;
+    case Change::RENAME:
+      if (option != nullptr) assign(option->e.name, change.value);
+      break;
+    case Change::REMOVE_FROM_LIST:
+      if (option != nullptr) remove_from_list(*option, change.value);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
+void require(bool condition, int error) {
+  if (!condition) throw Failure{error};
+}
+
+bool is_name(std::string_view text) {
+  for (const char c : text) {
+    if (std::isalnum(static_cast<unsigned char>(c)) == 0 && c != '_') return false;
+  }
+  return !text.empty();
+}
+
+bool is_type(std::string_view text) {
+  for (const char c : text) {
+    if (c < 33 || c > 126) return false;
+  }
+  return !text.empty();
+}
+
+char* copy(std::string_view text) {
+  char* result = new char[text.size() + 1];
+  text.copy(result, text.size());
+  result[text.size()] = '\0';
+  return result;
+}
+
+void assign(char*& target, std::string_view text) {
+  char* old = target;
+  target = copy(text);
+  delete[] old;
+}
+
+void init(uci_list& list) { list.next = list.prev = &list; }
+
+uci_element* find(const uci_list& list, std::string_view name) {
+  uci_element* element = nullptr;
+  uci_foreach_element(&list, element) {
+    if (element->name == name) return element;
+  }
+  return nullptr;
+}
+
+Package* make_package(Context& context, const std::string& name) {
+  auto* package = new Package();
+  package->e = make_element(UCI_TYPE_PACKAGE, name);
+  package->ctx = &context;
+  package->has_delta = true;
+  package->path = copy(context.configuration_directory + "/" + name);
+  init(package->sections);
+  append(context.root, package->e);
+  return package;
+}
+
+void free_package(Package* package) {
+  while (package->sections.next != &package->sections)
+    free_section(uci_to_section(list_to_element(package->sections.next)));
+  unlink(package->e);
+  delete[] package->e.name;
+  delete[] package->path;
+  delete package;
+}
+
+uci_section* add_section(Package& package, std::string_view type, std::string_view name) {
+  ++package.sections_made;
+  auto* section = new uci_section();
+  section->anonymous = name.empty();
+  section->e =
+      make_element(UCI_TYPE_SECTION, name.empty() ? generated_name(package.sections_made, type) : std::string(name));
+  section->package = &package;
+  section->type = copy(type);
+  init(section->options);
+  append(package.sections, section->e);
+  return section;
+}
+
+void free_section(uci_section* section) {
+  while (section->options.next != &section->options) free_option(uci_to_option(list_to_element(section->options.next)));
+  unlink(section->e);
+  delete[] section->e.name;
+  delete[] section->type;
+  delete section;
+}
+
+void set_string(uci_section& section, std::string_view name, std::string_view value) {
+  char* text = copy(value);  // before the old value goes, of which it may be a part
+  uci_option* option = find_option(section, name);
+  if (option == nullptr) {
+    option = add_option(section, name);
+  } else {
+    clear(*option);
+  }
+  option->type = UCI_TYPE_STRING;
+  option->v.string = text;
+}
+
+void add_to_list(uci_section& section, std::string_view name, std::string_view value) {
+  uci_option* option = find_option(section, name);
+  const bool is_new = option == nullptr;
+  if (is_new) option = add_option(section, name);
+  if (option->type == UCI_TYPE_STRING) {
+    const std::string first = is_new ? "" : option->v.string;
+    delete[] option->v.string;
+    option->type = UCI_TYPE_LIST;
+    init(option->v.list);
+    if (!is_new) add_item(*option, first);
+  }
+  add_item(*option, value);
+}
+
+bool remove_from_list(uci_option& option, std::string_view value) {
+  uci_element* item = option.type == UCI_TYPE_LIST ? find(option.v.list, value) : nullptr;
+  if (item == nullptr) return false;
+  unlink(*item);
+  delete[] item->name;
+  delete item;
+  if (option.v.list.next == &option.v.list) free_option(&option);
+  return true;
+}
+
+void free_option(uci_option* option) {
+  clear(*option);
+  unlink(option->e);
+  delete[] option->e.name;
+  delete option;
+}
+
+void apply(Package& package, const Change& change) {
+  uci_element* element = find(package.sections, change.section);
+  uci_section* section = element != nullptr ? uci_to_section(element) : nullptr;
+  if (change.option.empty()) {
+    apply_to_section(package, section, change);
+  } else if (section != nullptr) {
+    apply_to_option(*section, change);
+  }
+}
+
+}  // namespace standin

@@ -1,0 +1,85 @@
+// The store in memory: what stands behind the plain structures of uci.h.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "uci.h"
+
+namespace standin {
+
+// One line of a delta file.
+struct Change {
+  enum Kind : char { SET = '=', REMOVE = '-', ADD = '+', RENAME = '@', ADD_TO_LIST = '|', REMOVE_FROM_LIST = '~' };
+  Kind kind;
+  std::string section;
+  std::string option;  // empty: the section itself
+  std::string value;
+};
+
+struct Context : uci_context {
+  std::string configuration_directory = UCI_CONFDIR;
+  std::string save_directory = UCI_SAVEDIR;
+  std::vector<std::string> delta_directories;  // read after the save directory
+  int error = UCI_OK;
+  std::string detail;  // of the last parse error
+};
+
+struct Package : uci_package {
+  unsigned sections_made = 0;
+  std::vector<Change> unsaved;
+};
+
+// What a function of the library fails with.
+struct Failure {
+  int error;
+  std::string detail = {};
+};
+
+inline Context& context_of(uci_context* context) { return *static_cast<Context*>(context); }
+inline Package& package_of(uci_package* package) { return *static_cast<Package*>(package); }
+
+// Runs an API function's body: failures become its result and are kept for uci_perror.
+template <typename Body>
+int guarded(uci_context* context, Body body) {
+  if (context == nullptr) return UCI_ERR_INVAL;
+  Context& state = context_of(context);
+  try {
+    body(state);
+    state.error = UCI_OK;
+  } catch (const Failure& failure) {
+    state.error = failure.error;
+    state.detail = failure.detail;
+  } catch (const std::bad_alloc&) {
+    state.error = UCI_ERR_MEM;
+  }
+  return state.error;
+}
+
+void require(bool condition, int error);  // throws Failure(error) when it does not hold
+
+bool is_name(std::string_view text);  // letters, digits and underscores
+bool is_type(std::string_view text);  // printable
+char* copy(std::string_view text);
+void assign(char*& target, std::string_view text);
+
+void init(uci_list& list);
+uci_element* find(const uci_list& list, std::string_view name);
+
+Package* make_package(Context& context, const std::string& name);
+void free_package(Package* package);
+
+// A named section, or an anonymous one (empty name) that gets its generated name.
+uci_section* add_section(Package& package, std::string_view type, std::string_view name);
+void free_section(uci_section* section);
+
+void set_string(uci_section& section, std::string_view name, std::string_view value);
+void add_to_list(uci_section& section, std::string_view name, std::string_view value);
+bool remove_from_list(uci_option& option, std::string_view value);
+void free_option(uci_option* option);
+
+// Carries a change out; one that does not fit the package is left out, as with a stale delta.
+void apply(Package& package, const Change& change);
+
+}  // namespace standin
