@@ -1,0 +1,249 @@
+// Status queries to the network daemon over the bus.
+extern "C" {
+#include <libubox/blobmsg.h>
+#include <libubus.h>
+}
+#include <arpa/inet.h>
+#include <inttypes.h>
+#include <stdio.h>
+#include <string.h>
+
+#include <iterator>
+#include <span>
+
+#include "log.hpp"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+constexpr int32_t kTimeout = 3000;
+
+// A connection to the bus for one call.
+class BusConnection {
+ public:
+  BusConnection() : context_(ubus_connect(nullptr)) {}
+  ~BusConnection() {
+    if (context_ != nullptr) ubus_free(context_);
+  }
+  BusConnection(const BusConnection&) = delete;
+  BusConnection& operator=(const BusConnection&) = delete;
+
+  explicit operator bool() const { return context_ != nullptr; }
+  ubus_context* get() const { return context_; }
+
+ private:
+  ubus_context* context_;
+};
+
+// A message under construction.
+class Message {
+ public:
+  Message() { blob_buf_init(&buffer_, 0); }
+  ~Message() { blob_buf_free(&buffer_); }
+  Message(const Message&) = delete;
+  Message& operator=(const Message&) = delete;
+
+  void add(const char* name, const char* value) { blobmsg_add_string(&buffer_, name, value); }
+  blob_attr* get() { return buffer_.head; }
+
+ private:
+  blob_buf buffer_ = {};
+};
+
+// What a caller wants from a reply, and where it goes.
+struct StatusQuery {
+  uint32_t code;
+  std::span<char> output;
+
+  void write(const char* text) const { copy_text(output, text); }
+  void write_number(uint64_t number) const { snprintf(output.data(), output.size(), "%" PRIu64, number); }
+  void write_string(blob_attr* attribute) const {
+    if (attribute != nullptr) write(blobmsg_get_string(attribute));
+  }
+};
+
+// ---- Pieces of a reply ----
+
+// The one field of this name and type in a table; nullptr when it is absent, `parsed` false when the table is
+// malformed.
+blob_attr* inner_field(blob_attr* table, const char* name, enum blobmsg_type type, bool& parsed) {
+  const blobmsg_policy policy[] = {{.name = name, .type = type}};
+  blob_attr* field = nullptr;
+  parsed = blobmsg_parse(policy, 1, &field, blobmsg_data(table), static_cast<unsigned>(blobmsg_data_len(table))) == 0;
+  return parsed ? field : nullptr;
+}
+
+// The field of an array's first element, which is a table.
+blob_attr* field_of_first(blob_attr* array, const char* name, enum blobmsg_type type) {
+  if (array == nullptr) return nullptr;
+  blob_attr* element = nullptr;
+  size_t rest = 0;
+  blobmsg_for_each_attr(element, array, rest) {
+    bool parsed = false;
+    return blobmsg_type(element) == BLOBMSG_TYPE_TABLE ? inner_field(element, name, type, parsed) : nullptr;
+  }
+  return nullptr;
+}
+
+// Joins the strings of an array with ","; an empty array writes nothing.
+void write_joined(const StatusQuery& query, blob_attr* array) {
+  if (array == nullptr) return;
+  size_t used = 0;
+  blob_attr* element = nullptr;
+  size_t rest = 0;
+  blobmsg_for_each_attr(element, array, rest) {
+    if (blobmsg_type(element) != BLOBMSG_TYPE_STRING || !blobmsg_check_attr(element, false)) return;
+    const std::span<char> left = query.output.subspan(used);
+    const int length = snprintf(left.data(), left.size(), "%s%s", used == 0 ? "" : ",", blobmsg_get_string(element));
+    if (length < 0 || static_cast<size_t>(length) >= left.size()) return;
+    used += static_cast<size_t>(length);
+  }
+}
+
+void write_netmask(const StatusQuery& query, blob_attr* prefix) {
+  if (prefix == nullptr) return;
+  const uint32_t host_bits = (32 - blobmsg_get_u32(prefix)) % 32;
+  in_addr mask = {};
+  mask.s_addr = htonl(UINT32_MAX << host_bits);
+  char text[INET_ADDRSTRLEN] = {};
+  query.write(inet_ntop(AF_INET, &mask, text, sizeof text));
+}
+
+// ---- Replies ----
+
+enum InterfaceField { UP, UPTIME, DEVICE, L3_DEVICE, PROTO, IPV4_ADDRESS, ROUTE, DNS_SERVER, INTERFACE_FIELDS };
+
+constexpr blobmsg_policy kInterfacePolicy[INTERFACE_FIELDS] = {
+    {.name = "up", .type = BLOBMSG_TYPE_BOOL},       {.name = "uptime", .type = BLOBMSG_TYPE_INT32},
+    {.name = "device", .type = BLOBMSG_TYPE_STRING}, {.name = "l3_device", .type = BLOBMSG_TYPE_STRING},
+    {.name = "proto", .type = BLOBMSG_TYPE_STRING},  {.name = "ipv4-address", .type = BLOBMSG_TYPE_ARRAY},
+    {.name = "route", .type = BLOBMSG_TYPE_ARRAY},   {.name = "dns-server", .type = BLOBMSG_TYPE_ARRAY},
+};
+
+void write_interface_field(const StatusQuery& query, blob_attr* const (&fields)[INTERFACE_FIELDS]) {
+  switch (query.code) {
+    case INTERFACE_UP:
+      if (fields[UP] != nullptr) query.write(blobmsg_get_bool(fields[UP]) ? "1" : "0");
+      break;
+    case INTERFACE_UPTIME:
+      if (fields[UPTIME] != nullptr) query.write_number(blobmsg_get_u32(fields[UPTIME]));
+      break;
+    case INTERFACE_DEVICE:
+      query.write_string(fields[DEVICE]);
+      break;
+    case INTERFACE_L3_DEVICE:
+      query.write_string(fields[L3_DEVICE]);
+      break;
+    case INTERFACE_PROTO:
+      query.write_string(fields[PROTO]);
+      break;
+    case INTERFACE_ADDRESS:
+      query.write_string(field_of_first(fields[IPV4_ADDRESS], "address", BLOBMSG_TYPE_STRING));
+      break;
+    case INTERFACE_MASK:
+      write_netmask(query, field_of_first(fields[IPV4_ADDRESS], "mask", BLOBMSG_TYPE_INT32));
+      break;
+    case INTERFACE_NEXTHOP:
+      query.write_string(field_of_first(fields[ROUTE], "nexthop", BLOBMSG_TYPE_STRING));
+      break;
+    case INTERFACE_DNS_SERVERS:
+      write_joined(query, fields[DNS_SERVER]);
+      break;
+    default:
+      break;
+  }
+}
+
+enum DeviceField { MACADDR, STATISTICS, BRIDGE_MEMBERS, DEVICE_FIELDS };
+
+constexpr blobmsg_policy kDevicePolicy[DEVICE_FIELDS] = {
+    {.name = "macaddr", .type = BLOBMSG_TYPE_STRING},
+    {.name = "statistics", .type = BLOBMSG_TYPE_TABLE},
+    {.name = "bridge-members", .type = BLOBMSG_TYPE_ARRAY},
+};
+
+// The counters' names, indexed from DEVICE_TX_BYTES.
+constexpr const char* kStatistics[] = {"tx_bytes", "tx_packets", "tx_errors", "rx_bytes", "rx_packets", "rx_errors"};
+
+void write_statistic(const StatusQuery& query, blob_attr* statistics) {
+  if (statistics == nullptr) return;
+  bool parsed = false;
+  blob_attr* counter = inner_field(statistics, kStatistics[query.code - DEVICE_TX_BYTES], BLOBMSG_TYPE_INT64, parsed);
+  if (!parsed) LOG("blob parsed error\n");
+  if (counter != nullptr) query.write_number(blobmsg_get_u64(counter));
+}
+
+void write_device_field(const StatusQuery& query, blob_attr* const (&fields)[DEVICE_FIELDS]) {
+  if (query.code == DEVICE_MAC) query.write_string(fields[MACADDR]);
+  if (query.code >= DEVICE_TX_BYTES && query.code <= DEVICE_RX_ERRORS) write_statistic(query, fields[STATISTICS]);
+  if (query.code == DEVICE_BRIDGE_MEMBERS) write_joined(query, fields[BRIDGE_MEMBERS]);
+}
+
+// Parses a status reply with its policy and hands the fields on.
+template <int Fields>
+void parse_reply(ubus_request* request, blob_attr* reply, const blobmsg_policy (&policy)[Fields],
+                 void (*write_field)(const StatusQuery&, blob_attr* const (&)[Fields])) {
+  if (request == nullptr || request->priv == nullptr || reply == nullptr) {
+    LOG("NP\n");
+    return;
+  }
+  blob_attr* fields[Fields] = {};
+  if (blobmsg_parse(policy, Fields, fields, blob_data(reply), static_cast<unsigned>(blob_len(reply))) != 0) {
+    LOG("blob parsed error\n");
+    return;
+  }
+  write_field(*static_cast<const StatusQuery*>(request->priv), fields);
+}
+
+void on_interface_status(ubus_request* request, int /*type*/, blob_attr* reply) {
+  parse_reply(request, reply, kInterfacePolicy, write_interface_field);
+}
+
+void on_device_status(ubus_request* request, int /*type*/, blob_attr* reply) {
+  parse_reply(request, reply, kDevicePolicy, write_device_field);
+}
+
+StatusQuery make_query(uint32_t code, char* output, int32_t length) {
+  return {code, {output, static_cast<size_t>(length)}};
+}
+
+}  // namespace
+
+int32_t ubus_call(const char* path, const char* method, blob_attr* message, bus_reply_handler reply_handler,
+                  void* context, int32_t timeout) {
+  if (path == nullptr || method == nullptr || reply_handler == nullptr) {
+    LOG("NP\n");
+    return -1;
+  }
+  const BusConnection bus;
+  if (!bus) {
+    LOG("ubus_connect error\n");
+    return -1;
+  }
+  uint32_t id = 0;
+  if (const int error = ubus_lookup_id(bus.get(), path, &id); error != 0) {
+    LOG("ubus_lookup_id error\n");
+    return error;
+  }
+  const int error = ubus_invoke(bus.get(), id, method, message, reply_handler, context, timeout);
+  if (error != 0) LOG("ubus_invoke error\n");
+  return error;
+}
+
+int32_t netif_get_interface_status(const char* name, uint32_t query, char* output, int32_t length) {
+  if (name == nullptr || output == nullptr || length <= 0) return -1;
+  Text<96> path;
+  path.print("network.interface.%.63s", name);
+  StatusQuery wanted = make_query(query, output, length);
+  return ubus_call(path.c_str(), "status", nullptr, on_interface_status, &wanted, kTimeout);
+}
+
+int32_t netif_get_device_status(const char* name, uint32_t query, char* output, int32_t length) {
+  if (name == nullptr || output == nullptr || length <= 0) return -1;
+  Message message;
+  message.add("name", name);
+  StatusQuery wanted = make_query(query, output, length);
+  return ubus_call("network.device", "status", message.get(), on_device_status, &wanted, kTimeout);
+}

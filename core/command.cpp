@@ -1,0 +1,69 @@
+#include "command.hpp"
+
+#include <errno.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/wait.h>
+
+#include "log.hpp"
+#include "parameter.hpp"
+#include "text.hpp"
+
+namespace kova {
+
+void remove_newline(std::span<char> line) {
+  const size_t length = strlen(line.data());
+  if (length > 0 && line[length - 1] == '\n') line[length - 1] = '\0';
+}
+
+int first_line(const char* command, std::span<char> line) {
+  CommandOutput output(command);
+  if (!output) return -1;
+  line[0] = '\0';
+  if (output.read_line(line)) remove_newline(line);
+  return 0;
+}
+
+}  // namespace kova
+
+using namespace kova;
+
+int32_t util_exec(const char* command, char* output, int32_t length) {
+  if (command == nullptr || output == nullptr || length <= 0) {
+    LOG("NP.\n");
+    return -1;
+  }
+  CommandOutput pipe(command);
+  if (!pipe) {
+    LOG("popen %s failed %s\n\n", command, strerror(errno));
+    return -1;
+  }
+  const std::span line(output, static_cast<size_t>(length));
+  if (!pipe.read_line(line)) {
+    LOG("fgets %s failed %s\n\n", command, strerror(errno));
+    return -1;
+  }
+  LOG("cmd: %s--%s\n", command, output);
+  remove_newline(line);
+  return static_cast<int32_t>(strlen(output));
+}
+
+int32_t cwmp_system(const char* command) {
+  const int status = system(command);
+  if (status == -1) {
+    LOG("[ERR]system ret -1\n");
+    return -1;
+  }
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? 0 : -2;
+}
+
+int32_t GetFirmDeviceInfo(int32_t operation, va_list arguments, const char* command) {
+  Call call(operation, arguments, HERE);
+  if (!call.is_get()) return -1;
+  Text<100> line;
+  if (first_line(command, line.span()) != 0) {
+    LOG("FTGDI.\n");
+    return -1;
+  }
+  return call.reply(line.c_str());
+}

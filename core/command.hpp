@@ -1,0 +1,45 @@
+// Shell commands as handlers use them, beside the exported functions of pkg-tool.h.
+#pragma once
+
+#include <stdio.h>
+
+#include <span>
+
+#include "text.hpp"
+
+namespace kova {
+
+// Owns a pipe from a shell command's output; closed with the scope.
+class CommandOutput {
+ public:
+  explicit CommandOutput(const char* command) : pipe_(popen(command, "re")) {}
+  ~CommandOutput() {
+    if (pipe_ != nullptr) pclose(pipe_);
+  }
+  CommandOutput(const CommandOutput&) = delete;
+  CommandOutput& operator=(const CommandOutput&) = delete;
+
+  explicit operator bool() const { return pipe_ != nullptr; }
+
+  // The next line, with its newline where it fits; false at the end, with `line` untouched.
+  bool read_line(std::span<char> line) { return fgets(line.data(), static_cast<int>(line.size()), pipe_) != nullptr; }
+
+ private:
+  FILE* pipe_;
+};
+
+// Removes one trailing newline.
+void remove_newline(std::span<char> line);
+
+// The first line of a command's output without its newline, at most line.size() - 1 characters; empty when nothing is
+// printed. 0, or -1 when the command cannot be started.
+int first_line(const char* command, std::span<char> line);
+
+// Prints a command line and runs it as cwmp_system does; -1, not run, when it would be cut.
+template <typename... Arguments>
+int run_command(const char* format, Arguments... arguments) {
+  Text<1024> command;
+  return command.print(format, arguments...) ? cwmp_system(command.c_str()) : -1;
+}
+
+}  // namespace kova

@@ -1,0 +1,32 @@
+#include <stdio.h>
+#include <syslog.h>
+#include <unistd.h>
+
+#include "pkg-tool.h"
+
+namespace {
+
+// Only the file's existence counts, so that it switches logging at once, without a restart.
+constexpr char kDebugSwitch[] = "/tmp/cwmp_debug";
+
+}  // namespace
+
+void normal_debug_print(const char* format, ...) {
+  if (access(kDebugSwitch, F_OK) != 0) return;
+
+  va_list arguments;
+  va_start(arguments, format);
+  vfprintf(stderr, format, arguments);
+  va_end(arguments);
+
+  va_start(arguments, format);
+  vsyslog(LOG_INFO, format, arguments);
+  va_end(arguments);
+}
+
+void syslog_message(const char* format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  vsyslog(LOG_INFO, format, arguments);
+  va_end(arguments);
+}

@@ -1,0 +1,71 @@
+#include "parameter.hpp"
+
+#include <stdio.h>
+#include <string.h>
+
+#include "command.hpp"
+#include "text.hpp"
+
+namespace kova {
+
+int Call::reply(const char* text) {
+  strcpy(text_, text);  // the agent's buffer holds any value of the parameter, by agreement
+  return SUCCESS;
+}
+
+int Call::reply_number(long long number) {
+  Text<24> text;
+  text.print("%lld", number);
+  return reply(text.c_str());
+}
+
+int Call::mark(uint32_t bits) {
+  *static_cast<uint32_t*>(third()) |= bits;
+  return SUCCESS;
+}
+
+void* Call::third() {
+  if (third_ == nullptr) third_ = va_arg(arguments_, void*);
+  return third_;
+}
+
+int reply_option(Call& call, Section section, const char* option, const char* fallback) {
+  if (uci_raw_extract_value(section.package, section.name, option, call.output()) == 0) return SUCCESS;
+  return call.reply(fallback);
+}
+
+int reply_first_line(Call& call, const char* command, const LogMessage& failure) {
+  Text<100> line;
+  if (first_line(command, line.span()) != 0) {
+    failure.print(call.origin());
+    return FAILURE;
+  }
+  return call.reply(line.c_str());
+}
+
+int store_option(Call& call, Section section, const char* option, uint32_t bits, const LogMessage& failure) {
+  if (uci_raw_set_value(section.package, section.name, option, call.value()) != 0) {
+    failure.print(call.origin());
+    return FAILURE;
+  }
+  return bits != 0 ? call.mark(bits) : SUCCESS;
+}
+
+int reply_or(Call& call, const char* text, const char* fallback) {
+  return call.reply(text[0] != '\0' ? text : fallback);
+}
+
+int refuse(Call& call, const LogMessage& message) {
+  message.print(call.origin());
+  return FAILURE;
+}
+
+int run_verify(Call& call, const VerifyCommand& command, const LogMessage& failure) {
+  return command.run() == SUCCESS ? SUCCESS : refuse(call, failure);
+}
+
+int record_verify(Call& call, const VerifyCommand& command, const LogMessage& failure) {
+  return command.record() == SUCCESS ? call.mark(APPLY_TASK_COMMANDS) : refuse(call, failure);
+}
+
+}  // namespace kova

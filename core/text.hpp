@@ -1,0 +1,56 @@
+// Bounded texts: every buffer of the plug-in's own is one of these.
+#pragma once
+
+#include <stdarg.h>
+#include <stdio.h>
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "pkg-tool.h"
+
+namespace kova {
+
+// Copies `source` into `target`, cut to what fits with its terminator.
+inline void copy_text(std::span<char> target, std::string_view source) {
+  if (target.empty()) return;
+  const std::size_t length = source.copy(target.data(), target.size() - 1);
+  target[length] = '\0';
+}
+
+// A NUL-terminated text of at most Size - 1 characters, empty at first.
+template <std::size_t Size>
+class Text {
+ public:
+  Text() = default;
+  explicit Text(std::string_view text) { *this = text; }
+
+  Text& operator=(std::string_view text) {
+    copy_text(buffer_, text);
+    return *this;
+  }
+
+  // Prints into the text; true when all of it fitted.
+  bool print(const char* format, ...) KOVA_PRINTF(2, 3) {
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = vsnprintf(buffer_, Size, format, arguments);
+    va_end(arguments);
+    return length >= 0 && static_cast<std::size_t>(length) < Size;
+  }
+
+  const char* c_str() const { return buffer_; }
+  std::string_view view() const { return buffer_; }
+  bool empty() const { return buffer_[0] == '\0'; }
+  char* data() { return buffer_; }
+  static constexpr std::size_t size() { return Size; }
+  std::span<char> span() { return buffer_; }
+
+  bool operator==(std::string_view other) const { return view() == other; }
+
+ private:
+  char buffer_[Size] = {};
+};
+
+}  // namespace kova

@@ -1,0 +1,73 @@
+// LEDs: the board's status lights.
+#include "command.hpp"
+#include "parameter.hpp"
+#include "pkg-dev.h"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+constexpr Section board{"system", "board"};
+
+using Line = Text<128>;
+
+// The first line that a command prints, empty when there is none.
+Line line_of(const char* command) {
+  Line line;
+  util_exec(command, line.data(), line.size());
+  return line;
+}
+
+int leds_enabled(Call& call) {
+  Text<8> switchable;
+  read_option(board, "ledctl", switchable.span());
+  if (!(switchable == "1")) return call.reply("0");
+  return reply_or(call, line_of("uci get system.@system[0].leds").c_str(), "1");
+}
+
+int set_leds_enabled(Call& call) {
+  Text<8> switchable;
+  if (read_option(board, "ledctl", switchable.span()) != SUCCESS) return SUCCESS;
+  Text<512> command;
+  if (switchable == "1" && command.print("uci set system.@system[0].leds='%s'", call.value())) line_of(command.c_str());
+  return call.mark(APPLY_LEDS);
+}
+
+int number_of_leds(Call& call) { return reply_or(call, line_of("ls /sys/class/leds/ | wc -l").c_str(), "2"); }
+
+// The name of the light that the call's row is, empty when there is none. FAILURE for instance 0.
+int find_led(const Call& call, Line& name) {
+  if (call.instance(0) == 0) {
+    LOG("LE\n");
+    return FAILURE;
+  }
+  Text<64> command;
+  command.print("ls /sys/class/leds/ | sed -n %dp", call.instance(0));
+  name = line_of(command.c_str());
+  return SUCCESS;
+}
+
+int led_name(Call& call) {
+  Line name;
+  if (find_led(call, name) != SUCCESS) return FAILURE;
+  return reply_or(call, name.c_str(), "led");
+}
+
+int led_status(Call& call) {
+  Line name;
+  if (find_led(call, name) != SUCCESS) return FAILURE;
+  if (name.empty()) return call.reply("Error");
+  Text<256> command;
+  command.print("cat /sys/class/leds/%s/brightness", name.c_str());
+  const Line brightness = line_of(command.c_str());
+  if (brightness.empty()) return call.reply("Error");
+  return call.reply(brightness == "0" ? "Disabled" : "InUse");
+}
+
+}  // namespace
+
+PARAMETER(LEDs_Enable, leds_enabled, set_leds_enabled)
+PARAMETER(LEDs_LEDNumberOfEntries, number_of_leds, read_only)
+PARAMETER(LEDs_LED_Name, led_name, read_only)
+PARAMETER(LEDs_LED_Status, led_status, read_only)

@@ -1,0 +1,118 @@
+// Time: clock, time zone and NTP servers. The script cwmp-ntp carries the changes out.
+#include <stdio.h>
+#include <string.h>
+
+#include "command.hpp"
+#include "parameter.hpp"
+#include "pkg-dev.h"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+constexpr Section ntp{"system", "ntp"};
+
+int reply_line(Call& call, const char* command) {
+  Text<256> line;
+  util_exec(command, line.data(), line.size());
+  return call.reply(line.c_str());
+}
+
+int local_time(Call& call) { return reply_line(call, "date '+%F %X'"); }
+
+int set_enable(Call& call) {
+  run_command("/usr/bin/tr069/cwmp-ntp enable %s", call.value());
+  return SUCCESS;
+}
+
+// ---- Time zone ----
+
+int time_zone(Call& call) {
+  cwmp_system("/usr/bin/tr069/cwmp-ntp timezoneinfo get");
+  return reply_line(call, "cat /tmp/tr069/curtimezone");
+}
+
+int set_time_zone(Call& call) {
+  return run_command("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()) == 0 ? SUCCESS : FAILURE;
+}
+
+// Every zone is followed by ", ", the last one too.
+int time_zones(Call& call) {
+  cwmp_system("/usr/bin/tr069/cwmp-ntp timezonelist");
+  FILE* list = fopen("/tmp/tr069/timezonelist", "r");
+  if (list == nullptr) {
+    LOG("read timezonelist error.\n");
+    return FAILURE;
+  }
+  char* end = call.output();
+  *end = '\0';
+  for (Text<256> line; fgets(line.data(), Text<256>::size(), list) != nullptr;) {
+    remove_newline(line.span());
+    end = stpcpy(stpcpy(end, line.c_str()), ", ");
+  }
+  fclose(list);
+  return SUCCESS;
+}
+
+// ---- NTP servers ----
+
+// The element of a list option at `position`, counted from 1; nullptr when it is shorter.
+const char* list_element(uci_option* list, int position) {
+  uci_element* element = nullptr;
+  uci_foreach_element(&list->v.list, element) {
+    if (--position == 0) return element->name;
+  }
+  return nullptr;
+}
+
+int get_NTPtimeserver(int position, std::span<char> server) {
+  const WalkedPackage system("system", HERE, "[ERR]uci failed to load config:system\n");
+  if (!system) return FAILURE;
+  for (uci_section* timeserver : system.sections("timeserver")) {
+    uci_option* servers = system.option(timeserver, "server");
+    if (servers == nullptr) {
+      LOG("[ERR]uci failed to get server option\n");
+      return FAILURE;
+    }
+    const char* name = servers->type == UCI_TYPE_LIST ? list_element(servers, position) : nullptr;
+    if (name == nullptr) continue;
+    copy_text(server, name);
+    return SUCCESS;
+  }
+  return FAILURE;
+}
+
+int reply_ntp_server(Call& call, int position) {
+  Text<256> server;
+  get_NTPtimeserver(position, server.span());
+  return call.reply(server.c_str());
+}
+
+constexpr auto ntp_server(int position) {
+  return [=](Call& call) { return reply_ntp_server(call, position); };
+}
+
+int change_ntp_server(const Call& call, int position) {
+  if (call.value_is("")) {
+    run_command("/usr/bin/tr069/cwmp-ntp ntpserver %d", position);
+  } else {
+    run_command("/usr/bin/tr069/cwmp-ntp ntpserver %d %s", position, call.value());
+  }
+  return SUCCESS;
+}
+
+constexpr auto set_ntp_server(int position) {
+  return [=](Call& call) { return change_ntp_server(call, position); };
+}
+
+}  // namespace
+
+PARAMETER(Time_Enable, text(ntp, "enabled", "0"), set_enable)
+PARAMETER(Time_CurrentLocalTime, local_time, ignored)
+PARAMETER(Time_LocalTimeZone, time_zone, set_time_zone)
+PARAMETER(Time_TimeZoneList, time_zones, ignored)
+PARAMETER(Time_NTPServer1, ntp_server(1), set_ntp_server(1))
+PARAMETER(Time_NTPServer2, ntp_server(2), set_ntp_server(2))
+PARAMETER(Time_NTPServer3, ntp_server(3), set_ntp_server(3))
+PARAMETER(Time_NTPServer4, ntp_server(4), set_ntp_server(4))

@@ -1,0 +1,69 @@
+// Users: the login accounts but for "root", which is never shown.
+#include <string.h>
+
+#include "command.hpp"
+#include "parameter.hpp"
+#include "pkg-dev.h"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+constexpr LogMessage kNoAccounts = "[ERR]uci failed to load config:rpcd\n";
+
+// The account's user name where it is one to show, else nullptr.
+const char* shown_name(const WalkedPackage& accounts, uci_section* login) {
+  const char* name = accounts.string(login, "username");
+  return name != nullptr && strcmp(name, "root") != 0 ? name : nullptr;
+}
+
+int number_of_users(Call& call) {
+  const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
+  if (!accounts) return FAILURE;
+  int count = 0;
+  for (uci_section* login : accounts.sections("login")) count += shown_name(accounts, login) != nullptr ? 1 : 0;
+  return call.reply_number(count);
+}
+
+// The name of the user that the call's row is; FAILURE when there is none.
+int find_user(const Call& call, std::span<char> username) {
+  const int32_t wanted = call.instance(0);
+  if (wanted == 0) {
+    LOG("LE\n");
+    return FAILURE;
+  }
+  const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
+  if (!accounts) return FAILURE;
+  int32_t count = 0;
+  for (uci_section* login : accounts.sections("login")) {
+    const char* name = shown_name(accounts, login);
+    if (name == nullptr || ++count != wanted) continue;
+    copy_text(username, name);
+    return SUCCESS;
+  }
+  return FAILURE;
+}
+
+int username(Call& call) {
+  Text<256> name;
+  return find_user(call, name.span()) == SUCCESS ? call.reply(name.c_str()) : FAILURE;
+}
+
+// Name and password reach the script as words of its command line, unquoted.
+int set_password(Call& call) {
+  const size_t length = strlen(call.value());
+  if (length < 8 || length > 64) return FAILURE;
+  Text<256> name;
+  if (find_user(call, name.span()) != SUCCESS) return FAILURE;
+  Text<511> command;
+  command.print("/usr/bin/tr069/cwmp-user %s %s", name.c_str(), call.value());
+  cwmp_system(command.c_str());
+  return SUCCESS;
+}
+
+}  // namespace
+
+PARAMETER(Users_UserNumberOfEntries, number_of_users, ignored)
+PARAMETER(Users_User_Username, username, read_only)
+PARAMETER(Users_User_Password, constant(""), set_password)

@@ -1,0 +1,144 @@
+// The LAN's DHCP server: LANHostConfigManagement in one tree, DHCPv4.Server with its one pool in the other.
+#include <stdlib.h>
+#include <string.h>
+
+#include "command.hpp"
+#include "parameter.hpp"
+#include "pkg-lan.h"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+constexpr Section dhcp{"dhcp", "lan"};
+
+using Address = Text<33>;
+
+// ---- On or off ----
+
+constexpr auto on_or_off(const char* on, const char* off) {
+  return [=](Call& call) {
+    Text<4> ignore;
+    const bool ignored = read_option(dhcp, "ignore", ignore.span()) == SUCCESS && ignore == "1";
+    return call.reply(ignored ? off : on);
+  };
+}
+
+// ---- Pool ----
+
+int first_address(Call& call) {
+  Address first;
+  Address last;
+  if (dhcp_calc_ipaddr_pool(first.data(), last.data()) == 0) return call.reply(first.c_str());
+  LOG("FTGDSIAD.\n");
+  return FAILURE;
+}
+
+int last_address(Call& call) {
+  Address first;
+  Address last;
+  if (dhcp_calc_ipaddr_pool(first.data(), last.data()) == 0) return call.reply(last.c_str());
+  LOG("FTGDEIAD.\n");
+  return FAILURE;
+}
+
+// Completes the range from the configured pool and has it applied; `key` names the end that the server sets.
+int set_range(Call& call, Address first, Address last, const char* key, const LogMessage& failure) {
+  if (dhcp_calc_pool_range(first.data(), last.data()) != 0) return refuse(call, failure);
+  return run_verify(call, {"%s %s \"%s\" \"%s\"", key, first.c_str(), last.c_str()}, failure);
+}
+
+bool is_address(const Call& call) {
+  if (checkValidIP(call.value()) == 1) return true;
+  LOG("mal format ip\n");
+  return false;
+}
+
+int set_first_address(Call& call) {
+  if (!is_address(call)) return FAILURE;
+  return set_range(call, Address(call.value()), Address(), "dhcps_startip", "FTSSIAD.\n");
+}
+
+int set_last_address(Call& call) {
+  if (!is_address(call)) return FAILURE;
+  return set_range(call, Address(), Address(call.value()), "dhcps_endip", "FTSEIAD.\n");
+}
+
+// ---- Lease time: minutes or, with an "h", hours in the store; seconds in the data model ----
+
+int lease_time(Call& call) {
+  Text<64> stored;
+  if (read_option(dhcp, "leasetime", stored.span()) != SUCCESS) {
+    LOG("FTGDLTE.\n\n");
+    return FAILURE;
+  }
+  const int unit = strchr(stored.c_str(), 'h') != nullptr ? 3600 : 60;
+  return call.reply_number(static_cast<long long>(atoi(stored.c_str())) * unit);
+}
+
+// As the script wants it: forever is the longest time that fits, and less than a minute is one.
+int lease_minutes(int seconds) {
+  constexpr int kForever = 35791394;
+  if (seconds == -1) return kForever;
+  if (seconds >= 0 && seconds <= 59) return 1;
+  return seconds / 60;
+}
+
+int set_lease_time(Call& call) {
+  return run_verify(call, {"%s %s \"%d\"", "dhcps_leasetime", lease_minutes(atoi(call.value()))}, "FTSDLT.\n");
+}
+
+// ---- DNS servers ----
+
+using Server = Text<32>;
+
+// The DNS option that the DHCP daemon hands out, from its generated configuration.
+Server offered_server(const char* command) {
+  Server server;
+  util_exec(command, server.data(), server.size());
+  return server;
+}
+
+// A space between the two, and an unset address in place of a repeated one.
+int dns_servers(Call& call) {
+  Server first = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $3}'");
+  Server second = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $4}'");
+  if (first == "0.0.0.0" && second == "0.0.0.0") {
+    if (read_option({"network", "lan"}, "ipaddr", first.span()) != SUCCESS) {
+      LOG("FTGLI.\n");
+      return FAILURE;
+    }
+    second = first;
+  }
+  Text<2 * Server::size()> servers;
+  servers.print("%s %s", first.c_str(), first == second.view() ? "0.0.0.0" : second.c_str());
+  return call.reply(servers.c_str());
+}
+
+}  // namespace
+
+// clang-format off
+PARAMETER(LANDevice_LANHostConfigManagement_DHCPServerEnable, on_or_off("1", "0"),              verify_now("dhcps_enable", "FTSDSE.\n"))
+PARAMETER(LANDevice_LANHostConfigManagement_MinAddress,       first_address,                    set_first_address)
+PARAMETER(LANDevice_LANHostConfigManagement_MaxAddress,       last_address,                     set_last_address)
+PARAMETER(LANDevice_LANHostConfigManagement_DHCPLeaseTime,    lease_time,                       set_lease_time)
+PARAMETER(LANDevice_LANHostConfigManagement_DNSServers,       dns_servers,                      verify_now("dhcps_dns", "FTSDSS.\n"))
+
+PARAMETER(DHCPv4_Server_PoolNumberOfEntries,                  constant("1"),                      read_only)
+PARAMETER(DHCPv4_Server_Pool_Status,                          on_or_off("Enabled", "Disabled"),   read_only)
+PARAMETER(DHCPv4_Server_Pool_Interface,                       constant("Device.IP.Interface.2."), read_only)
+// clang-format on
+
+ALIAS(LANDevice_LANHostConfigManagement_IPInterface_DHCPServerEnable,
+      LANDevice_LANHostConfigManagement_DHCPServerEnable)
+ALIAS(LANDevice_LANHostConfigManagement_IPInterface_MinAddress, LANDevice_LANHostConfigManagement_MinAddress)
+ALIAS(LANDevice_LANHostConfigManagement_IPInterface_MaxAddress, LANDevice_LANHostConfigManagement_MaxAddress)
+ALIAS(LANDevice_LANHostConfigManagement_IPInterface_DHCPLeaseTime, LANDevice_LANHostConfigManagement_DHCPLeaseTime)
+
+ALIAS(DHCPv4_Server_Enable, LANDevice_LANHostConfigManagement_DHCPServerEnable)
+ALIAS(DHCPv4_Server_Pool_Enable, LANDevice_LANHostConfigManagement_DHCPServerEnable)
+ALIAS(DHCPv4_Server_Pool_MinAddress, LANDevice_LANHostConfigManagement_MinAddress)
+ALIAS(DHCPv4_Server_Pool_MaxAddress, LANDevice_LANHostConfigManagement_MaxAddress)
+ALIAS(DHCPv4_Server_Pool_DNSServers, LANDevice_LANHostConfigManagement_DNSServers)
+ALIAS(DHCPv4_Server_Pool_LeaseTime, LANDevice_LANHostConfigManagement_DHCPLeaseTime)

@@ -1,0 +1,124 @@
+// Hosts: the LAN's hosts in both trees, one row of the generated table each.
+#include "parameter.hpp"
+#include "pkg-lan.h"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+// How a tree numbers its rows: the position of the Host instance in the path, and what is said of a row that cannot be
+// located. Every placeholder up to that position has to be a number.
+struct Row {
+  std::size_t position;
+  LogMessage unlocated = "LE\n";
+};
+constexpr Row LAN_ROW{1};
+constexpr Row HOSTS_ROW{0};
+constexpr Row HOSTS_NAME_ROW{0, "locate error\n"};
+
+using Field = Text<256>;
+
+bool located(const Call& call, const Row& row) {
+  for (std::size_t i = 0; i <= row.position; ++i) {
+    if (call.instance(i) == 0) return false;
+  }
+  return true;
+}
+
+// Reads an option of the call's row. FAILURE when there is no such row or option.
+int read_host(const Call& call, const Row& row, const char* option, Field& value) {
+  Text<12> section;
+  section.print("%d", call.instance(row.position));
+  return read_state_option({"hosts", section.c_str()}, option, value.span());
+}
+
+int reply_host(Call& call, const Row& row, const char* option, const char* fallback, const LogMessage& missing) {
+  generate_host_info();
+  if (!located(call, row)) return refuse(call, row.unlocated);
+  Field value;
+  if (read_host(call, row, option, value) == SUCCESS) return call.reply(value.c_str());
+  missing.print(call.origin());
+  return call.reply(fallback);
+}
+
+constexpr auto host_field(Row row, const char* option, const char* fallback, LogMessage missing = {}) {
+  return [=](Call& call) { return reply_host(call, row, option, fallback, missing); };
+}
+
+int host_count(Call& call) {
+  generate_host_info();
+  Field count;
+  const bool read = read_state_option({"hosts", "info"}, "count", count.span()) == SUCCESS;
+  return call.reply(read ? count.c_str() : "0");
+}
+
+// ---- The interface that a host was seen on, as each tree refers to it ----
+
+struct Reference {
+  const char* device_interface;  // nullptr: any other
+  const char* lan_device;
+  const char* device;
+};
+constexpr Reference kReferences[] = {
+    {"wlan00", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.1", "WiFi.Radio.1."},
+    {"wlan10", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.2", "WiFi.Radio.2."},
+    {"wlan02", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.3", "WiFi.Radio.1."},
+    {"wlan12", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.4", "WiFi.Radio.2."},
+    {nullptr, "InternetGatewayDevice.LANDevice.1.LANEthernetInterfaceConfig.1", "Device.Ethernet.Interface.2."},
+};
+
+const Reference& reference_for(const Field& device_interface) {
+  const Reference* reference = kReferences;
+  while (reference->device_interface != nullptr && !(device_interface == reference->device_interface)) ++reference;
+  return *reference;
+}
+
+// Replies what `refer` makes of the row's interface, empty for a row that does not exist.
+template <typename Refer>
+int reply_reference(Call& call, const Row& row, Refer refer) {
+  generate_host_info();
+  if (!located(call, row)) return refuse(call, row.unlocated);
+  Field device_interface;
+  if (read_host(call, row, "lay2if", device_interface) != SUCCESS) return call.reply("");
+  return call.reply(refer(device_interface));
+}
+
+int lan_device_reference(Call& call) {
+  return reply_reference(call, LAN_ROW, [](const Field& interface) { return reference_for(interface).lan_device; });
+}
+
+int layer1_reference(Call& call) {
+  return reply_reference(call, HOSTS_ROW, [](const Field& interface) { return reference_for(interface).device; });
+}
+
+int layer3_reference(Call& call) {
+  return reply_reference(call, HOSTS_ROW, [](const Field&) { return "Device.IP.Interface.2."; });
+}
+
+constexpr auto lease_is_read_only = refused("FTSHLTR.\n");
+
+}  // namespace
+
+// clang-format off
+PARAMETER(LANDevice_Hosts_HostNumberOfEntries,        host_count,                                                  read_only)
+PARAMETER(LANDevice_Hosts_Host_IPAddress,             host_field(LAN_ROW, "ip", "", "uci get error\n"),            read_only)
+PARAMETER(LANDevice_Hosts_Host_MACAddress,            host_field(LAN_ROW, "mac", "0:0:0:0:0:0"),                   read_only)
+PARAMETER(LANDevice_Hosts_Host_HostName,              host_field(LAN_ROW, "hostname", "unkown"),                   read_only)
+PARAMETER(LANDevice_Hosts_Host_AddressSource,         host_field(LAN_ROW, "addresssource", ""),                    read_only)
+PARAMETER(LANDevice_Hosts_Host_LeaseTimeRemaining,    host_field(LAN_ROW, "lease_remain", "0"),                    lease_is_read_only)
+PARAMETER(LANDevice_Hosts_Host_InterfaceType,         host_field(LAN_ROW, "iftype", " "),                          read_only)
+PARAMETER(LANDevice_Hosts_Host_Active,                host_field(LAN_ROW, "active", "unkown"),                     read_only)
+PARAMETER(LANDevice_Hosts_Host_Layer2Interface,       lan_device_reference,                                        read_only)
+
+ALIAS(Hosts_HostNumberOfEntries, LANDevice_Hosts_HostNumberOfEntries)
+PARAMETER(Hosts_Host_IPAddress,                       host_field(HOSTS_ROW, "ip", "", "uci get error\n"),          read_only)
+PARAMETER(Hosts_Host_PhysAddress,                     host_field(HOSTS_ROW, "mac", "0:0:0:0:0:0"),                 read_only)
+PARAMETER(Hosts_Host_HostName,                        host_field(HOSTS_NAME_ROW, "hostname", "unkown"),            read_only)
+PARAMETER(Hosts_Host_AddressSource,                   host_field(HOSTS_ROW, "addresssource", ""),                  read_only)
+PARAMETER(Hosts_Host_LeaseTimeRemaining,              host_field(HOSTS_ROW, "lease_remain", "0"),                  lease_is_read_only)
+PARAMETER(Hosts_Host_InterfaceType,                   host_field(HOSTS_ROW, "iftype", " "),                        read_only)
+PARAMETER(Hosts_Host_Active,                          host_field(HOSTS_ROW, "active", "unkown"),                   read_only)
+PARAMETER(Hosts_Host_Layer1Interface,                 layer1_reference,                                            read_only)
+PARAMETER(Hosts_Host_Layer3Interface,                 layer3_reference,                                            read_only)
+// clang-format on
