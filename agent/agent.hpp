@@ -1,0 +1,36 @@
+// The agent: calls handlers as the management agent does, and speaks of failures in the protocol's faults.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "agent_record.hpp"
+#include "data_model.hpp"
+#include "fault.hpp"
+#include "plugin.hpp"
+
+namespace kovadm {
+
+// The numbers as handlers expect them: padded with zeros, for those that read one more than the path has.
+std::vector<int32_t> instance_array(const Parameter& parameter);
+
+class Agent {
+ public:
+  Agent(const std::string& plugin_file, const std::string& record_file) : plugin_(plugin_file), record_(record_file) {}
+
+  const Plugin& plugin() const { return plugin_; }
+
+  // The parameter's value, or the fault.
+  std::variant<std::string, Fault> get(const Parameter& parameter);
+
+  // Sets the value, ORing into `mask` what is to be applied; the fault when it was refused.
+  std::optional<Fault> set(const Parameter& parameter, const std::string& value, uint32_t& mask);
+
+ private:
+  Plugin plugin_;
+  AgentRecord record_;
+};
+
+}  // namespace kovadm

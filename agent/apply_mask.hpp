@@ -1,0 +1,19 @@
+// The bits of the apply mask, by name.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace kovadm {
+
+struct ApplyBit {
+  uint32_t bit;
+  std::string name;
+  std::string work;  // what the agent does about it
+};
+
+// The bits that are raised, lowest first; an unknown one by its number.
+std::vector<ApplyBit> raised_bits(uint32_t mask);
+
+}  // namespace kovadm

@@ -1,0 +1,34 @@
+// The tool's commands. Each returns the exit status: 0, or 1 after a fault. PATH is a parameter's path with its
+// instance numbers; PREFIX the path of an object or parameter.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "agent.hpp"
+#include "output.hpp"
+
+namespace kovadm {
+
+struct Setting {
+  std::string path;
+  std::string value;
+};
+
+// The catalogue's rows at or below the prefix; all for an empty one.
+int list(const std::string& prefix, Output& output);
+
+// Values of parameters, and for a path that ends in "." of all parameters below.
+int get(Agent& agent, const std::vector<std::string>& paths, Output& output);
+
+// Values of all parameters at or below the prefix.
+int walk(Agent& agent, const std::string& prefix, Output& output);
+
+// One set request: nothing is called unless all paths are known and writable; then the calls share one apply mask. With
+// `apply` and no value refused, does the agent's part afterwards.
+int set(Agent& agent, const std::vector<Setting>& settings, bool apply, Output& output);
+
+// Gets the parameter once and tells what that did.
+int explain(Agent& agent, const std::string& path, Output& output);
+
+}  // namespace kovadm

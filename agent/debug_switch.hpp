@@ -1,0 +1,18 @@
+// The file whose existence switches the plug-in's debug log on.
+#pragma once
+
+namespace kovadm {
+
+// Switches the log on for its lifetime; one that was on before stays on.
+class DebugSwitch {
+ public:
+  DebugSwitch();
+  ~DebugSwitch();
+  DebugSwitch(const DebugSwitch&) = delete;
+  DebugSwitch& operator=(const DebugSwitch&) = delete;
+
+ private:
+  bool created_;
+};
+
+}  // namespace kovadm

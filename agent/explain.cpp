@@ -1,0 +1,87 @@
+#include "commands.hpp"
+#include "trace.hpp"
+
+namespace kovadm {
+namespace {
+
+// Lines under one heading, which stands in front of the first.
+void tell(const std::string& heading, const std::vector<std::string>& lines, Output& output) {
+  constexpr std::size_t kWidth = 11;
+  std::string start = heading;
+  for (const std::string& line : lines) {
+    start.resize(kWidth, ' ');
+    output.line(start + one_line(line));
+    start.clear();
+  }
+}
+
+std::string numbers_text(const std::vector<int32_t>& numbers) {
+  std::string text;
+  for (const int32_t number : numbers) text += (text.empty() ? "" : ", ") + std::to_string(number);
+  return "[" + text + "]";
+}
+
+void tell_row(const Parameter& parameter, Output& output) {
+  const Row& row = *parameter.row;
+  tell("handler", {row.handler}, output);
+  tell("paths", row.paths, output);
+  tell("access", {to_text(row.access)}, output);
+  tell("type", {to_text(row.type)}, output);
+  tell("instances", {numbers_text(instance_array(parameter))}, output);
+  Json& document = output.document();
+  document["path"] = parameter.path;
+  document["handler"] = row.handler;
+  document["paths"] = row.paths;
+  document["access"] = to_text(row.access);
+  document["type"] = to_text(row.type);
+  document["instances"] = instance_array(parameter);
+}
+
+void tell_look_ups(const std::vector<LookUp>& look_ups, Output& output) {
+  std::vector<std::string> lines;
+  Json list = Json::array();
+  for (const auto& [path, value] : look_ups) {
+    lines.push_back(path + (value ? " = " + *value : " (not there)"));
+    list.push_back({{"path", path}, {"value", value ? Json(*value) : Json()}});
+  }
+  tell("options", lines, output);
+  output.document()["options"] = list;
+}
+
+void tell_trace(const Trace& trace, Output& output) {
+  tell_look_ups(trace.look_ups, output);
+  const std::pair<const char*, const std::vector<std::string>&> parts[] = {{"walked", trace.walked_packages},
+                                                                           {"commands", trace.commands},
+                                                                           {"files", trace.files},
+                                                                           {"bus", trace.bus_calls},
+                                                                           {"log", trace.log}};
+  for (const auto& [heading, lines] : parts) {
+    tell(heading, lines, output);
+    output.document()[heading] = lines;
+  }
+  if (!trace.printed.empty()) tell("printed", {trace.printed}, output);
+  output.document()["printed"] = trace.printed;
+}
+
+}  // namespace
+
+int explain(Agent& agent, const std::string& path, Output& output) {
+  const auto parameter = find_parameter(path);
+  if (!parameter) {
+    output.fault(unknown_path(path));
+    return output.finish();
+  }
+  tell_row(*parameter, output);
+  std::variant<std::string, Fault> answer;
+  const auto* code = reinterpret_cast<const void*>(agent.plugin().handler(parameter->row->handler));
+  tell_trace(trace(code, [&] { answer = agent.get(*parameter); }), output);
+  if (const auto* value = std::get_if<std::string>(&answer)) {
+    tell("value", {*value}, output);
+    output.document()["value"] = *value;
+  } else {
+    output.fault(std::get<Fault>(answer));
+  }
+  return output.finish();
+}
+
+}  // namespace kovadm

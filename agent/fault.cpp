@@ -1,0 +1,28 @@
+#include "fault.hpp"
+
+#include "data_model.hpp"
+
+namespace kovadm {
+
+std::string to_text(FaultCode code) {
+  switch (code) {
+    case FaultCode::INTERNAL_ERROR:
+      return "Internal error";
+    case FaultCode::INVALID_PARAMETER_NAME:
+      return "Invalid parameter name";
+    case FaultCode::INVALID_PARAMETER_VALUE:
+      return "Invalid parameter value";
+    case FaultCode::NON_WRITABLE_PARAMETER:
+      return "Attempt to set a non-writable parameter";
+  }
+  return "";
+}
+
+Fault unknown_path(const std::string& path) {
+  if (path.find(kInstance) != std::string::npos) {
+    return {FaultCode::INVALID_PARAMETER_NAME, path, "{i} stands for an instance number", ""};
+  }
+  return {FaultCode::INVALID_PARAMETER_NAME, path, "", nearest_path(path)};
+}
+
+}  // namespace kovadm

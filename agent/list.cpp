@@ -1,0 +1,57 @@
+#include <algorithm>
+
+#include "commands.hpp"
+
+namespace kovadm {
+namespace {
+
+struct Entry {
+  const Row* row;
+  std::string path;
+};
+
+// Whether the path is the prefix, whole components of it, or below it; a number in the prefix stands for any.
+bool is_below(const std::string& path, const std::vector<std::string>& prefix) {
+  const std::vector<std::string> components = split_path(path);
+  if (prefix.size() > components.size()) return false;
+  return std::equal(prefix.begin(), prefix.end(), components.begin(),
+                    [](const std::string& wanted, const std::string& component) {
+                      return wanted == component || (component == kInstance && instance_number(wanted));
+                    });
+}
+
+std::vector<Entry> entries_below(const std::string& prefix) {
+  const std::vector<std::string> wanted = split_path(prefix);
+  std::vector<Entry> entries;
+  for (const Row& row : catalogue()) {
+    for (const std::string& path : row.paths) {
+      if (is_below(path, wanted)) entries.push_back({&row, path});
+    }
+  }
+  return entries;
+}
+
+std::string padded(std::string text, std::size_t width) {
+  text.resize(std::max(width, text.size()), ' ');
+  return text;
+}
+
+}  // namespace
+
+int list(const std::string& prefix, Output& output) {
+  const std::vector<Entry> entries = entries_below(prefix);
+  if (entries.empty()) output.fault(unknown_path(prefix));
+  std::size_t width = 0;
+  for (const Entry& entry : entries) width = std::max(width, entry.path.size());
+  output.document()["parameters"] = Json::array();
+  for (const auto& [row, path] : entries) {
+    const std::string access = to_text(row->access);
+    const std::string type = to_text(row->type);
+    output.line(padded(path, width) + "  " + padded(access, 10) + "  " + type);
+    output.document()["parameters"].push_back(
+        {{"path", path}, {"access", access}, {"type", type}, {"handler", row->handler}});
+  }
+  return output.finish();
+}
+
+}  // namespace kovadm

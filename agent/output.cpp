@@ -1,0 +1,84 @@
+#include "output.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cctype>
+
+namespace kovadm {
+namespace {
+
+FILE* take_standard_output() {
+  FILE* taken = fdopen(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0), "w");
+  dup2(STDERR_FILENO, STDOUT_FILENO);
+  return taken;
+}
+
+// Shown at once: the next line may take a while.
+void put_line(FILE* file, const std::string& text) {
+  if (file == nullptr) return;
+  std::fwrite(text.data(), 1, text.size(), file);
+  std::fputc('\n', file);
+  std::fflush(file);
+}
+
+std::string to_text(const Fault& fault) {
+  std::string text = std::to_string(static_cast<int>(fault.code)) + " " + to_text(fault.code) + ": " + fault.path;
+  if (!fault.detail.empty()) text += " (" + one_line(fault.detail) + ")";
+  if (!fault.nearest.empty()) text += "\n     nearest: " + fault.nearest;
+  return text;
+}
+
+Json to_json(const Fault& fault) {
+  Json json = {{"code", fault.code}, {"message", to_text(fault.code)}, {"path", fault.path}};
+  if (!fault.detail.empty()) json["detail"] = fault.detail;
+  if (!fault.nearest.empty()) json["nearest"] = fault.nearest;
+  return json;
+}
+
+}  // namespace
+
+std::string one_line(const std::string& text) {
+  std::string line;
+  for (const char character : text) {
+    if (std::iscntrl(static_cast<unsigned char>(character)) == 0) {
+      line += character;
+    } else if (character == '\n') {
+      line += "\\n";
+    } else if (character == '\t') {
+      line += "\\t";
+    } else {
+      char code[8] = {};
+      std::snprintf(code, sizeof code, "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(character)));
+      line += code;
+    }
+  }
+  return line;
+}
+
+void Output::Closer::operator()(FILE* file) const { std::fclose(file); }
+
+Output::Output(bool json) : json_(json), file_(take_standard_output()) {}
+
+void Output::line(const std::string& text) {
+  if (!json_) put_line(file_.get(), text);
+}
+
+void Output::value(const std::string& path, const std::string& value) {
+  line(path + " = " + one_line(value));
+  document_["values"].push_back({{"path", path}, {"value", value}});
+}
+
+void Output::fault(const Fault& fault) {
+  faults_.push_back(to_json(fault));
+  if (!json_) put_line(stderr, to_text(fault));
+}
+
+int Output::finish() {
+  document_["faults"] = faults_;
+  // Values are bytes of the device's; what is no UTF-8 is replaced.
+  if (json_) put_line(file_.get(), document_.dump(2, ' ', false, Json::error_handler_t::replace));
+  return faults_.empty() ? 0 : 1;
+}
+
+}  // namespace kovadm

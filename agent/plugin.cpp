@@ -1,0 +1,39 @@
+#include "plugin.hpp"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+
+namespace kovadm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kName[] = "libkova-datamodel.so";
+
+std::string find_plugin() {
+  const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
+  std::string tried;
+  for (const fs::path& directory : {here, here / "../lib", fs::path("/usr/lib")}) {
+    const fs::path file = (directory / kName).lexically_normal();
+    if (fs::exists(file)) return file;
+    tried += "\n  " + file.string();
+  }
+  throw SetupError("no plug-in; looked for" + tried);
+}
+
+}  // namespace
+
+void Plugin::Closer::operator()(void* library) const { dlclose(library); }
+
+Plugin::Plugin(const std::string& file)
+    : file_(file.empty() ? find_plugin() : fs::absolute(file).string()),
+      library_(dlopen(file_.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+  if (!library_) throw SetupError(std::string("cannot load the plug-in: ") + dlerror());
+}
+
+parameter_handler Plugin::handler(const std::string& name) const {
+  return reinterpret_cast<parameter_handler>(dlsym(library_.get(), name.c_str()));
+}
+
+}  // namespace kovadm

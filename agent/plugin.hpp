@@ -1,0 +1,36 @@
+// The data-model plug-in, loaded.
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "pkg-tool.h"
+
+namespace kovadm {
+
+// Why the tool could not start its work.
+class SetupError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class Plugin {
+ public:
+  // Loads `file`; an empty one is looked for beside the program, in ../lib, and in /usr/lib. Throws SetupError.
+  explicit Plugin(const std::string& file);
+
+  const std::string& file() const { return file_; }
+
+  // The exported handler; nullptr when the plug-in has none of that name.
+  parameter_handler handler(const std::string& name) const;
+
+ private:
+  struct Closer {
+    void operator()(void* library) const;
+  };
+
+  std::string file_;
+  std::unique_ptr<void, Closer> library_;
+};
+
+}  // namespace kovadm

@@ -1,0 +1,69 @@
+#include "task_records.hpp"
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace kovadm {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kAppended[] = "/tmp/tr069/cmd_record";
+constexpr char kOnce[] = "/tmp/tr069/cmd_record_once";
+
+std::string read_file(const char* path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+void add_lines(const std::string& text, std::vector<std::string>& lines) {
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+}
+
+fs::file_time_type written(const char* path) {
+  std::error_code missing;
+  return fs::last_write_time(path, missing);
+}
+
+}  // namespace
+
+bool is_task_record(const fs::path& file) { return file == kAppended || file == kOnce; }
+
+TaskRecords::TaskRecords() : appended_(read_file(kAppended)), once_(read_file(kOnce)), once_written_(written(kOnce)) {}
+
+std::vector<std::string> TaskRecords::recorded_since() const {
+  const TaskRecords now;
+  std::vector<std::string> lines;
+  const bool continued = now.appended_.starts_with(appended_);
+  add_lines(continued ? now.appended_.substr(appended_.size()) : now.appended_, lines);
+  if (now.once_ != once_ || now.once_written_ != once_written_) add_lines(now.once_, lines);
+  return lines;
+}
+
+std::vector<std::string> recorded_commands() {
+  std::vector<std::string> lines;
+  add_lines(read_file(kAppended), lines);
+  add_lines(read_file(kOnce), lines);
+  return lines;
+}
+
+int run_recorded(const std::string& command) {
+  const std::size_t last = command.find_last_not_of(" \t");
+  const bool background = last != std::string::npos && command[last] == '&';
+  const int status = std::system((background ? command + " wait $!" : command).c_str());
+  if (status == -1) return -1;
+  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+void empty_task_records() {
+  for (const char* path : {kAppended, kOnce}) {
+    if (fs::exists(path)) fs::resize_file(path, 0);
+  }
+}
+
+}  // namespace kovadm

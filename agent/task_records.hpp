@@ -1,0 +1,36 @@
+// The command lines that setters leave for the agent to run after a set request.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace kovadm {
+
+bool is_task_record(const std::filesystem::path& file);
+
+// The records as they stood at one time.
+class TaskRecords {
+ public:
+  // Now.
+  TaskRecords();
+
+  // The lines that have been recorded since, in the order in which they are run.
+  std::vector<std::string> recorded_since() const;
+
+ private:
+  std::string appended_;
+  std::string once_;
+  std::filesystem::file_time_type once_written_;
+};
+
+// All lines that are recorded now, in the order in which they are run.
+std::vector<std::string> recorded_commands();
+
+// Runs a command line as the agent does, one that ends in "&" to its end. Returns its exit status, 128 and the signal's
+// number for a signal, -1 when it could not be run.
+int run_recorded(const std::string& command);
+
+void empty_task_records();
+
+}  // namespace kovadm
