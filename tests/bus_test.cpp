@@ -1,0 +1,131 @@
+// Status queries over the bus.
+#include <libubus.h>
+
+#include <array>
+
+#include "support/device.hpp"
+
+namespace kova::test {
+namespace {
+
+class Bus : public DeviceTest {
+ protected:
+  static void interface_answers(const std::string& json) {
+    run("mkdir -p /etc/lab/bus/network.interface.test");
+    write_file("/etc/lab/bus/network.interface.test/status.json", json);
+  }
+  static void device_answers(const std::string& json) {
+    write_file("/etc/lab/bus/network.device/status.json", R"([{"when": {"name": "test0"}, "reply": )" + json + "}]");
+  }
+
+  using Query = int32_t (*)(const char*, uint32_t, char*, int32_t);
+  static Answer ask(Query query, const char* name, uint32_t code, int32_t length = 64) {
+    std::array<char, 64> output = {};
+    kUntouched.copy(output.data(), kUntouched.size());
+    const int32_t result = query(name, code, output.data(), length);
+    return {result, output.data()};
+  }
+  static Answer interface(uint32_t code, int32_t length = 64) {
+    return ask(netif_get_interface_status, "test", code, length);
+  }
+  static Answer device(uint32_t code) { return ask(netif_get_device_status, "test0", code); }
+};
+
+const Answer kNothingWritten = answered(kUntouched);
+
+TEST_F(Bus, EveryFieldOfAnInterface) {
+  interface_answers(R"({"up": true, "uptime": 4000000, "device": "eth0", "l3_device": "pppoe-wan", "proto": "pppoe",
+      "ipv4-address": [{"address": "192.0.2.5", "mask": 23}, {"address": "192.0.2.6", "mask": 24}],
+      "route": [{"target": "0.0.0.0", "nexthop": "192.0.2.1"}], "dns-server": ["192.0.2.53", "198.51.100.53"]})");
+  const std::pair<uint32_t, const char*> fields[] = {{INTERFACE_UP, "1"},
+                                                     {INTERFACE_UPTIME, "4000000"},
+                                                     {INTERFACE_DEVICE, "eth0"},
+                                                     {INTERFACE_PROTO, "pppoe"},
+                                                     {INTERFACE_L3_DEVICE, "pppoe-wan"},
+                                                     {INTERFACE_ADDRESS, "192.0.2.5"},
+                                                     {INTERFACE_MASK, "255.255.254.0"},
+                                                     {INTERFACE_NEXTHOP, "192.0.2.1"},
+                                                     {INTERFACE_DNS_SERVERS, "192.0.2.53,198.51.100.53"}};
+  for (const auto& [code, text] : fields) EXPECT_EQ(interface(code), answered(text)) << code;
+  for (const uint32_t code : {9U, 16U, 17U, 0xffffffffU}) EXPECT_EQ(interface(code), kNothingWritten) << code;
+  EXPECT_EQ(interface(INTERFACE_L3_DEVICE, 6), answered("pppoe"));
+  EXPECT_EQ(interface(INTERFACE_DNS_SERVERS, 14), answered("192.0.2.53,19"));
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(Bus, MissingEmptyOrMistypedFieldsLeaveTheBufferUntouched) {
+  for (const char* reply :
+       {"{}", R"({"ipv4-address": [], "route": [], "dns-server": []})",
+        R"({"up": 1, "uptime": "9", "device": 7, "l3_device": true, "proto": [], "ipv4-address": "192.0.2.5",
+            "route": {"nexthop": "192.0.2.1"}, "dns-server": "192.0.2.53"})",
+        R"({"uptime:int64": 9, "ipv4-address": ["192.0.2.5"], "route": [{}], "dns-server": [53]})",
+        R"({"ipv4-address": [{"address": 5, "mask": "24"}]})"}) {
+    interface_answers(reply);
+    for (uint32_t code = INTERFACE_UP; code <= INTERFACE_DNS_SERVERS; ++code)
+      EXPECT_EQ(interface(code), kNothingWritten) << code << " of " << reply;
+  }
+  interface_answers(R"({"dns-server": ["192.0.2.53", 53, "192.0.2.54"]})");
+  EXPECT_EQ(interface(INTERFACE_DNS_SERVERS), answered("192.0.2.53"));
+}
+
+TEST_F(Bus, NetmaskOfEachPrefix) {
+  const std::pair<int, const char*> masks[] = {{0, "255.255.255.255"},
+                                               {1, "128.0.0.0"},
+                                               {17, "255.255.128.0"},
+                                               {31, "255.255.255.254"},
+                                               {32, "255.255.255.255"}};
+  for (const auto& [prefix, mask] : masks) {
+    interface_answers(R"({"ipv4-address": [{"mask": )" + std::to_string(prefix) + "}]}");
+    EXPECT_EQ(interface(INTERFACE_MASK), answered(mask));
+  }
+}
+
+TEST_F(Bus, EveryFieldOfADevice) {
+  device_answers(R"({"macaddr": "02:a4:f1:00:00:09", "bridge-members": ["eth0", "eth1"],
+      "statistics:int64": {"tx_bytes": 1, "tx_packets": 2, "tx_errors": 3, "rx_bytes": 18446744073709551615,
+                           "rx_packets": 5, "rx_errors": 6}})");
+  const std::pair<uint32_t, const char*> fields[] = {{DEVICE_MAC, "02:a4:f1:00:00:09"},
+                                                     {DEVICE_TX_BYTES, "1"},
+                                                     {DEVICE_TX_PACKETS, "2"},
+                                                     {DEVICE_TX_ERRORS, "3"},
+                                                     {DEVICE_RX_BYTES, "18446744073709551615"},
+                                                     {DEVICE_RX_PACKETS, "5"},
+                                                     {DEVICE_RX_ERRORS, "6"},
+                                                     {DEVICE_BRIDGE_MEMBERS, "eth0,eth1"}};
+  for (const auto& [code, text] : fields) EXPECT_EQ(device(code), answered(text)) << code;
+  for (const uint32_t code : {0U, 8U, 17U}) EXPECT_EQ(device(code), kNothingWritten) << code;
+  // A counter is a 64-bit integer on the bus, whatever its size.
+  device_answers(R"({"statistics": {"tx_bytes": 1}})");
+  EXPECT_EQ(device(DEVICE_TX_BYTES), kNothingWritten);
+}
+
+TEST_F(Bus, FaultsAreTheBussErrorCodes) {
+  EXPECT_EQ(ask(netif_get_interface_status, "nosuch", 0), (Answer{4, kUntouched}));
+  EXPECT_EQ(messages(), std::vector<std::string>{"ubus_lookup_id error\n"});
+  interface_answers(R"({"status": 7})");
+  EXPECT_EQ(interface(0), (Answer{7, kUntouched}));
+  EXPECT_EQ(messages().back(), "ubus_invoke error\n");
+  run("rm -r /etc/lab/bus");
+  EXPECT_EQ(interface(0), kGetFailed);
+  EXPECT_EQ(messages().back(), "ubus_connect error\n");
+
+  seams().syslog.clear();
+  EXPECT_EQ(ask(netif_get_interface_status, nullptr, 0), kGetFailed);
+  EXPECT_EQ(netif_get_device_status("test0", DEVICE_MAC, nullptr, 8), -1);
+  EXPECT_TRUE(messages().empty());
+  EXPECT_EQ(ubus_call("a", "b", nullptr, nullptr, nullptr, 10), -1);
+  EXPECT_EQ(messages(), std::vector<std::string>{"NP\n"});
+}
+
+TEST_F(Bus, ACallHandsTheReplyAndItsContextOver) {
+  interface_answers(R"({"up": true})");
+  bool called = false;
+  const auto handler = [](ubus_request* request, int, blob_attr* reply) {
+    *static_cast<bool*>(request->priv) = reply != nullptr;
+  };
+  EXPECT_EQ(ubus_call("network.interface.test", "status", nullptr, handler, &called, 100), 0);
+  EXPECT_TRUE(called);
+}
+
+}  // namespace
+}  // namespace kova::test

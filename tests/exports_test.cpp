@@ -1,0 +1,101 @@
+// What the built library shows to, and asks of, the process that loads it.
+#include <dlfcn.h>
+#include <elf.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/catalogue.hpp"
+
+namespace kova::test {
+namespace {
+
+using Names = std::set<std::string>;
+
+const Names kSharedHelpers = {"normal_debug_print", "syslog_message",
+                              // configuration store
+                              "uci_raw_extract_value", "uci_raw_set_value", "uci_raw_extract_value_By_path",
+                              "uci_raw_set_value_By_path", "uciRevert", "uciGetProfileValue",
+                              // commands, task records, state files
+                              "util_exec", "cwmp_system", "GetFirmDeviceInfo", "record_task_cmd",
+                              "record_task_cmd_once", "generate_host_info", "generate_mesh_info", "delete_host_info",
+                              // bus
+                              "ubus_call", "netif_get_interface_status", "netif_get_device_status",
+                              // validation, counters, board, channels, DHCP pool
+                              "checkValidIP", "validityHost", "validityCheck", "CheckValidMacAddr",
+                              "get_TotalBytesAndPackets_by_name", "get_mac", "get_oui", "get_mac_last", "get_cloud_sn",
+                              "get_device_sn", "GetChannelPoll", "dhcp_calc_ipaddr_pool", "dhcp_calc_pool_range"};
+
+// The dynamic section of the library, as the loader sees it.
+class Library {
+ public:
+  explicit Library(const char* path) {
+    std::ifstream file(path, std::ios::binary);
+    image_.assign(std::istreambuf_iterator<char>(file), {});
+    const auto header = at<Elf64_Ehdr>(0);
+    for (size_t i = 0; i < header.e_shnum; ++i) {
+      const auto section = at<Elf64_Shdr>(header.e_shoff + i * header.e_shentsize);
+      const auto names = at<Elf64_Shdr>(header.e_shoff + section.sh_link * header.e_shentsize);
+      if (section.sh_type == SHT_DYNSYM) read_symbols(section, names);
+      if (section.sh_type == SHT_DYNAMIC) read_needed(section, names);
+    }
+  }
+
+  Names visible, undefined, needed;
+
+ private:
+  template <typename T>
+  T at(size_t offset) const {
+    T value;
+    std::memcpy(&value, image_.data() + offset, sizeof value);
+    return value;
+  }
+  std::string name(const Elf64_Shdr& names, size_t index) const { return image_.data() + names.sh_offset + index; }
+
+  void read_symbols(const Elf64_Shdr& section, const Elf64_Shdr& names) {
+    for (size_t offset = sizeof(Elf64_Sym); offset < section.sh_size; offset += sizeof(Elf64_Sym)) {
+      const auto symbol = at<Elf64_Sym>(section.sh_offset + offset);
+      const bool weak = ELF64_ST_BIND(symbol.st_info) == STB_WEAK;
+      if (symbol.st_shndx != SHN_UNDEF) visible.insert(name(names, symbol.st_name));
+      if (symbol.st_shndx == SHN_UNDEF && !weak) undefined.insert(name(names, symbol.st_name));
+    }
+  }
+
+  void read_needed(const Elf64_Shdr& section, const Elf64_Shdr& names) {
+    for (size_t offset = 0; offset < section.sh_size; offset += sizeof(Elf64_Dyn)) {
+      const auto entry = at<Elf64_Dyn>(section.sh_offset + offset);
+      if (entry.d_tag == DT_NEEDED) needed.insert(name(names, entry.d_un.d_val));
+    }
+  }
+
+  std::vector<char> image_;
+};
+
+bool from_platform(const std::string& name) {
+  return name.starts_with("uci_") || name.starts_with("ubus_") || name.starts_with("blob");
+}
+
+TEST(Exports, AreTheCatalogueAndTheSharedHelpers) {
+  Names expected = kSharedHelpers;
+  for (const Row& row : kCatalogue) expected.insert(row.name);
+  EXPECT_EQ(Library(PLUGIN).visible, expected);
+}
+
+TEST(Exports, NothingIsNeededButTheCLibraryAndThePlatform) {
+  if (SANITIZED) GTEST_SKIP() << "sanitizers bring a library of their own";
+  const Library library(PLUGIN);
+  EXPECT_EQ(library.needed, Names{"libc.so.6"});
+  void* const c_library = dlopen("libc.so.6", RTLD_NOW);
+  for (const std::string& name : library.undefined) {
+    if (from_platform(name)) continue;
+    EXPECT_NE(dlsym(c_library, name.c_str()), nullptr) << name;
+  }
+}
+
+}  // namespace
+}  // namespace kova::test

@@ -1,0 +1,130 @@
+// The calling form, which differs between processors: what is taken from the argument list, and what happens to it.
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <set>
+
+#include "support/catalogue.hpp"
+#include "support/device.hpp"
+
+namespace kova::test {
+namespace {
+
+const int32_t kFirstRow[] = {1, 1, 1, 1, 0, 0};
+
+// An argument list that ends at the end of a readable page: taking one argument too many is a fault.
+class ShortList {
+ public:
+  ShortList(const void* first, const void* second) {
+    const size_t page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    pages_ = static_cast<char*>(mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    mprotect(pages_ + page, page, PROT_NONE);
+    const void* arguments[] = {first, second};
+    char* stack = pages_ + page - sizeof arguments;
+    std::memcpy(stack, arguments, sizeof arguments);
+    // As after a call whose register arguments are used up: the rest stands on the stack.
+#if defined(__x86_64__)
+    const struct {
+      unsigned gp_offset, fp_offset;
+      void* overflow_arg_area;
+      void* reg_save_area;
+    } layout = {48, 176, stack, nullptr};
+#elif defined(__aarch64__)
+    const struct {
+      void *stack, *gr_top, *vr_top;
+      int gr_offs, vr_offs;
+    } layout = {stack, nullptr, nullptr, 0, 0};
+#else
+#error "the layout of va_list is known for x86-64 and 64-bit Arm"
+#endif
+    static_assert(sizeof layout == sizeof list_);
+    std::memcpy(&list_, &layout, sizeof list_);
+  }
+  ~ShortList() { munmap(pages_, 2 * static_cast<size_t>(sysconf(_SC_PAGESIZE))); }
+  ShortList(const ShortList&) = delete;
+  ShortList& operator=(const ShortList&) = delete;
+
+  int32_t call(parameter_handler handler, int32_t operation) { return handler(operation, list_); }
+
+ private:
+  char* pages_;
+  va_list list_;
+};
+
+// Calls twice with one list; only a handler that works on a copy sees the same arguments again.
+std::pair<int32_t, int32_t> call_twice(parameter_handler handler, int32_t operation, ...) {
+  va_list arguments;
+  va_start(arguments, operation);
+  const int32_t first = handler(operation, arguments);
+  const int32_t second = handler(operation, arguments);
+  va_end(arguments);
+  return {first, second};
+}
+
+class HandlerForm : public DeviceTest {};
+
+TEST_F(HandlerForm, GettersTakeTheAgentRecordOnlyWhereTheyReportIt) {
+  const std::set<std::string> report_the_agent = {"ManagementServer_ConnectionRequestURL",
+                                                  "ManagementServer_UDPConnectionRequestAddress",
+                                                  "ManagementServer_NATDetected",
+                                                  "ManagementServer_STUNEnable",
+                                                  "ManagementServer_STUNServerAddress",
+                                                  "ManagementServer_STUNServerPort",
+                                                  "ManagementServer_STUNUsername",
+                                                  "ManagementServer_STUNPassword",
+                                                  "ManagementServer_STUNMinimumKeepAlivePeriod",
+                                                  "ManagementServer_STUNMaximumKeepAlivePeriod"};
+  for (const Row& row : kCatalogue) {
+    if (report_the_agent.contains(row.name)) continue;
+    SCOPED_TRACE(row.name);
+    static char output[65536];
+    ShortList list(kFirstRow, output);
+    EXPECT_NE(list.call(row.handler, 0), 1);
+  }
+}
+
+TEST_F(HandlerForm, ReadOnlyHandlersRefuseEverySetWithoutTakingTheMask) {
+  for (const Row& row : kCatalogue) {
+    if (row.access != Access::READ_ONLY) continue;
+    SCOPED_TRACE(row.name);
+    for (const int32_t operation : {1, 5, -1}) {
+      ShortList list(kFirstRow, "1");
+      EXPECT_EQ(list.call(row.handler, operation), -1);
+    }
+  }
+  EXPECT_TRUE(commands().empty());
+}
+
+TEST_F(HandlerForm, SettersThatMarkNothingNeverTakeTheMask) {
+  ShortList list(kFirstRow, "http://kick.example");
+  EXPECT_EQ(list.call(ManagementServer_KickURL, 1), 0);
+  ShortList refused(kFirstRow, "yes");
+  EXPECT_EQ(refused.call(ManagementServer_PeriodicInformEnable, 1), -1);
+  ShortList reset(kFirstRow, "0");
+  EXPECT_EQ(reset.call(ManagementServer_EnableResetFactory, 1), 0);
+}
+
+TEST_F(HandlerForm, HandlersWorkOnACopyOfTheList) {
+  char url[1024] = {};
+  agent_state agent = running_agent();
+  EXPECT_EQ(call_twice(ManagementServer_ConnectionRequestURL, 0, kFirstRow, url, &agent), std::pair(0, 0));
+  EXPECT_STREQ(url, "http://192.0.2.10:7547/kova");
+
+  uint32_t mask = 0x80000000;
+  EXPECT_EQ(call_twice(ManagementServer_Username, 1, kFirstRow, "cpe", &mask), std::pair(0, 0));
+  EXPECT_EQ(mask, 0x80000000 | APPLY_MANAGEMENT);
+}
+
+TEST_F(HandlerForm, EveryOperationButZeroSets) {
+  for (const int32_t operation : {1, 5, -1}) {
+    uint32_t mask = 0;
+    EXPECT_EQ(call(ManagementServer_Username, operation, kFirstRow, std::to_string(operation).c_str(), &mask), 0);
+    EXPECT_EQ(config("cwmp.info.username"), std::to_string(operation));
+    EXPECT_EQ(mask, APPLY_MANAGEMENT);
+  }
+}
+
+}  // namespace
+}  // namespace kova::test

@@ -1,0 +1,44 @@
+// A test on a clean simulated router.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+#include "support/handler.hpp"
+#include "support/seams.hpp"
+
+namespace kova::test {
+
+// One option as a file of a store holds it; nullopt when it is not there. A list reads as its elements, each after "|".
+std::optional<std::string> stored(const std::string& directory, const std::string& package, const std::string& section,
+                                  const std::string& option);
+
+std::optional<std::string> contents(const std::string& path);
+void write_file(const std::string& path, const std::string& text);
+
+// Starts each test from the factory state, with the debug log on and nothing recorded.
+class DeviceTest : public testing::Test {
+ protected:
+  void SetUp() override;
+
+  // Options of the main store, of the change mirror, and of the forced-change mirror; "package.section.option".
+  static std::optional<std::string> config(const std::string& path);
+  static std::optional<std::string> mirror(const std::string& path);
+  static std::optional<std::string> forced_mirror(const std::string& path);
+
+  // Changes the main store behind the plug-in's back; an empty value removes the option.
+  static void configure(const std::string& path, const std::string& value);
+
+  // The task records; empty when there is none.
+  static std::string task_record();
+  static std::string task_record_once();
+
+  // The messages logged since the test began, without module and line.
+  static std::vector<std::string> messages();
+  static bool logged(const std::string& message);
+  static std::vector<std::string>& commands() { return seams().commands; }
+};
+
+}  // namespace kova::test

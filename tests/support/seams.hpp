@@ -1,0 +1,32 @@
+// The platform services that the plug-in works through, observed and replaced. A test program is the loading process,
+// so its own popen, system, vsyslog, ... come first; they record, and pass on to the real ones unless told otherwise.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kova::test {
+
+struct Seams {
+  std::vector<std::string> commands;  // given to popen and system, in order
+  std::vector<std::string> syslog;    // messages as written to the system log
+  std::vector<std::string> stderr_log;
+
+  // popen: what a command prints, in place of running it; nullptr runs it.
+  std::function<const std::string*(const std::string& command)> popen_answer;
+  bool popen_fails = false;
+  // system: the status to return in place of running the command; nullptr runs it.
+  std::function<const int*(const std::string& command)> system_status;
+
+  // Makes popen of this very command print `output`. Other commands run as before.
+  void answer(const std::string& command, const std::string& output);
+};
+
+// The process's one recorder; a fixture starts each test with a fresh one.
+Seams& seams();
+
+// Runs a command for the test itself: not recorded, never replaced.
+int run(const std::string& command);
+
+}  // namespace kova::test
