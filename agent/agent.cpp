@@ -42,9 +42,9 @@ std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
   parameter_handler handler = plugin_.handler(parameter.row->handler);
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   const std::vector<int32_t> instances = instance_array(parameter);
-  std::string output(kOutputSize, '\0');
+  std::vector<char> output(kOutputSize);
   if (call(handler, kGet, instances.data(), output.data(), record_.get()) != 0) return failed_get(parameter);
-  return std::string(output.c_str());
+  return std::string(output.data());
 }
 
 std::optional<Fault> Agent::set(const Parameter& parameter, const std::string& value, uint32_t& mask) {

@@ -57,7 +57,13 @@ void take_fields(const json& object, const std::map<std::string, Taker>& takers)
     const auto taker = takers.find(name);
     if (taker == takers.end()) throw SetupError("agent state: unknown field " + name);
     const std::string expected = taker->second(value);
-    if (!expected.empty()) throw SetupError("agent state: " + name + " must be " + expected + ", not " + value.dump());
+    if (expected.empty()) continue;
+    throw SetupError(std::string("agent state: ")
+                         .append(name)
+                         .append(" must be ")
+                         .append(expected)
+                         .append(", not ")
+                         .append(value.dump()));
   }
 }
 

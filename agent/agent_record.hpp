@@ -20,7 +20,7 @@ class AgentRecord {
  private:
   // The record only points to these.
   std::string path_ = "/";
-  std::string host_ = "192.168.1.1";
+  std::string host_ = "127.0.0.1";
   std::string wan_interface_ = "eth0";
   agent_state state_ = {};
 };

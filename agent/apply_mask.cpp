@@ -31,13 +31,13 @@ const ApplyBit kBits[] = {BIT(APPLY_TASK_COMMANDS, "runs the recorded command li
                           BIT(APPLY_LEDS, "switches the LEDs"),
                           BIT(APPLY_IGMP_PROXY, "restarts the IGMP proxy")};
 
+}  // namespace
+
 std::string hexadecimal(uint32_t number) {
   char text[16] = {};
   std::snprintf(text, sizeof text, "0x%x", number);
   return text;
 }
-
-}  // namespace
 
 std::vector<ApplyBit> raised_bits(uint32_t mask) {
   std::vector<ApplyBit> raised;

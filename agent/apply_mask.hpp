@@ -13,6 +13,9 @@ struct ApplyBit {
   std::string work;  // what the agent does about it
 };
 
+// "0x2004".
+std::string hexadecimal(uint32_t number);
+
 // The bits that are raised, lowest first; an unknown one by its number.
 std::vector<ApplyBit> raised_bits(uint32_t mask);
 

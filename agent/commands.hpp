@@ -1,5 +1,5 @@
 // The tool's commands. Each returns the exit status: 0, or 1 after a fault. PATH is a parameter's path with its
-// instance numbers; PREFIX the path of an object or parameter.
+// instance numbers; PREFIX the beginning of paths.
 #pragma once
 
 #include <string>
@@ -15,13 +15,13 @@ struct Setting {
   std::string value;
 };
 
-// The catalogue's rows at or below the prefix; all for an empty one.
+// The catalogue's rows below the prefix.
 int list(const std::string& prefix, Output& output);
 
 // Values of parameters, and for a path that ends in "." of all parameters below.
 int get(Agent& agent, const std::vector<std::string>& paths, Output& output);
 
-// Values of all parameters at or below the prefix.
+// Values of all parameters below the prefix.
 int walk(Agent& agent, const std::string& prefix, Output& output);
 
 // One set request: nothing is called unless all paths are known and writable; then the calls share one apply mask. With

@@ -133,6 +133,8 @@ std::string nearest_path(std::string_view path) {
   // What differs in half of its letters is no misspelling.
   std::size_t least = wanted.size() / 2;
   for (const std::string& candidate : known) {
+    // For a parameter's path, an object is meant only when nothing but its dot is missing.
+    if (candidate.ends_with('.') && !wanted.ends_with('.') && candidate != wanted + '.') continue;
     const std::size_t distance = edit_distance(wanted, candidate);
     if (distance >= least) continue;
     least = distance;

@@ -10,7 +10,7 @@ void tell(const std::string& heading, const std::vector<std::string>& lines, Out
   std::string start = heading;
   for (const std::string& line : lines) {
     start.resize(kWidth, ' ');
-    output.line(start + one_line(line));
+    output.line(start + one_line(line.substr(0, line.find_last_not_of('\n') + 1)));
     start.clear();
   }
 }

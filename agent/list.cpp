@@ -10,22 +10,22 @@ struct Entry {
   std::string path;
 };
 
-// Whether the path is the prefix, whole components of it, or below it; a number in the prefix stands for any.
-bool is_below(const std::string& path, const std::vector<std::string>& prefix) {
-  const std::vector<std::string> components = split_path(path);
-  if (prefix.size() > components.size()) return false;
-  return std::equal(prefix.begin(), prefix.end(), components.begin(),
-                    [](const std::string& wanted, const std::string& component) {
-                      return wanted == component || (component == kInstance && instance_number(wanted));
-                    });
+// The prefix as the catalogue would spell it.
+std::string with_placeholders(const std::string& prefix) {
+  std::string spelled;
+  for (const std::string& component : split_path(prefix)) {
+    if (!spelled.empty()) spelled += '.';
+    spelled += instance_number(component) ? kInstance : component;
+  }
+  return prefix.ends_with('.') ? spelled + '.' : spelled;
 }
 
 std::vector<Entry> entries_below(const std::string& prefix) {
-  const std::vector<std::string> wanted = split_path(prefix);
+  const std::string wanted = with_placeholders(prefix);
   std::vector<Entry> entries;
   for (const Row& row : catalogue()) {
     for (const std::string& path : row.paths) {
-      if (is_below(path, wanted)) entries.push_back({&row, path});
+      if (path.starts_with(wanted)) entries.push_back({&row, path});
     }
   }
   return entries;

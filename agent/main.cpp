@@ -1,5 +1,6 @@
 // kovadm: the command-line agent that loads the data-model plug-in.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 
 #include "commands.hpp"
@@ -31,8 +32,8 @@ Setting split_setting(const std::string& text) {
 }
 
 std::vector<Setting> split_settings(const std::vector<std::string>& texts) {
-  std::vector<Setting> settings;
-  for (const std::string& text : texts) settings.push_back(split_setting(text));
+  std::vector<Setting> settings(texts.size());
+  std::transform(texts.begin(), texts.end(), settings.begin(), split_setting);
   return settings;
 }
 
@@ -47,14 +48,14 @@ void define(CLI::App& app, Arguments& arguments) {
       ->option_text("FILE");
 
   CLI::App* list = app.add_subcommand("list", "The catalogue: path, access, type");
-  list->add_option("PREFIX", arguments.prefix, "Object or parameter");
+  list->add_option("PREFIX", arguments.prefix, "Beginning of paths; everything when left out");
   CLI::App* get = app.add_subcommand("get", "Values; a PATH that ends in \".\" stands for all parameters below");
   get->add_option("PATH", arguments.paths)->required();
   CLI::App* set = app.add_subcommand("set", "One set request, and what it raised, recorded and changed");
   set->add_option("PATH=VALUE", arguments.settings)->required();
   set->add_flag("--apply", arguments.apply, "Do the agent's part too: run the recorded commands");
   CLI::App* walk = app.add_subcommand("walk", "Values of all parameters below PREFIX, instances expanded");
-  walk->add_option("PREFIX", arguments.prefix, "Object or parameter");
+  walk->add_option("PREFIX", arguments.prefix, "Beginning of paths; everything when left out");
   CLI::App* explain = app.add_subcommand("explain", "What one get of PATH really does");
   explain->add_option("PATH", arguments.path)->required();
 }

@@ -67,7 +67,7 @@ void tell_request(uint32_t mask, const std::vector<std::string>& commands, const
   output.document()["mask"] = mask;
   output.document()["bits"] = Json::array();
   for (const ApplyBit& bit : raised_bits(mask)) {
-    output.line("apply: " + bit.name);
+    output.line("apply: " + bit.name + " (" + hexadecimal(bit.bit) + ")");
     output.document()["bits"].push_back(bit.name);
   }
   for (const std::string& command : commands) output.line("recorded: " + command);

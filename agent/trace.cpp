@@ -204,6 +204,8 @@ using namespace kovadm;
 #define CALLER __builtin_return_address(0)
 #define REAL(function) static const auto real = reinterpret_cast<decltype(&(function))>(dlsym(RTLD_NEXT, #function))
 
+// The declarations are the C library's and the platform's, and so are their parameter names.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 FILE* popen(const char* command, const char* mode) {
@@ -291,3 +293,4 @@ int ubus_invoke_fd(struct ubus_context* context, uint32_t id, const char* method
   return result;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -19,19 +19,32 @@ class Walk {
  public:
   Walk(Agent& agent, const std::function<void(const Parameter&)>& visit) : agent_(agent), visit_(visit) {}
 
-  void everything(const Node& node, const Place& place) {
-    if (node.row != nullptr) visit_({node.row, place.path, place.instances});
+  // Visits the parameters below the children whose names begin so. False when there are no such children.
+  bool children(const Node& node, const Place& place, std::string_view beginning) {
+    bool found = false;
     for (const Node& child : node.children) {
-      if (child.name != kInstance) {
+      if (!child.name.starts_with(beginning)) continue;
+      found = true;
+      if (child.name == kInstance) {
+        instances(child, place);
+      } else {
         everything(child, place.below(child.name));
-        continue;
       }
-      const int32_t count = count_instances(child, place);
-      for (int32_t number = 1; number <= count; ++number) everything(child, place.below(std::to_string(number)));
     }
+    return found;
   }
 
  private:
+  void everything(const Node& node, const Place& place) {
+    if (node.row != nullptr) visit_({node.row, place.path, place.instances});
+    children(node, place, "");
+  }
+
+  void instances(const Node& instance, const Place& table) {
+    const int32_t count = count_instances(instance, table);
+    for (int32_t number = 1; number <= count; ++number) everything(instance, table.below(std::to_string(number)));
+  }
+
   // Tables without a counter are felt for; this far, and an instance this far away exists nowhere.
   static constexpr int32_t kMostFelt = 64;
   static constexpr int32_t kFarAway = 1000000;
@@ -96,15 +109,20 @@ class Walk {
 }  // namespace
 
 bool walk(Agent& agent, std::string_view prefix, const std::function<void(const Parameter&)>& visit) {
+  std::vector<std::string> components = split_path(prefix);
+  std::string beginning;
+  if (!components.empty() && !prefix.ends_with('.') && !instance_number(components.back())) {
+    beginning = components.back();
+    components.pop_back();
+  }
   const Node* node = &data_model();
   Place place;
-  for (const std::string& component : split_path(prefix)) {
+  for (const std::string& component : components) {
     node = component == kInstance ? nullptr : child_of(*node, component);
     if (node == nullptr) return false;
     place = place.below(component);
   }
-  Walk(agent, visit).everything(*node, place);
-  return true;
+  return Walk(agent, visit).children(*node, place, beginning);
 }
 
 }  // namespace kovadm

@@ -9,9 +9,8 @@
 
 namespace kovadm {
 
-// Calls `visit` for every parameter at or below `prefix`: whole components, instance numbers or none, a dot at the end
-// or not; everything for an empty one. Instances that the prefix names are visited without asking whether they exist.
-// False when the catalogue has nothing there.
+// Calls `visit` for every parameter whose path begins with `prefix`. Instances that the prefix names are visited
+// without asking whether they exist. False when the catalogue has no such parameter.
 bool walk(Agent& agent, std::string_view prefix, const std::function<void(const Parameter&)>& visit);
 
 }  // namespace kovadm
