@@ -1,6 +1,7 @@
 #include "catalogue.hpp"
 
 #include "pkg-tool.h"
+#include "pkg-wan/pkg-wan.h"  // declares more than its rows
 
 #undef KOVA_PARAMETER
 #define KOVA_PARAMETER(handler, access, type, ...) {#handler, Access::access, Type::type, {__VA_ARGS__}},
@@ -12,6 +13,7 @@ const std::vector<Row>& catalogue() {
 #include "pkg-dev/pkg-dev.h"
 #include "pkg-lan/pkg-lan.h"
 #include "pkg-mgmt/pkg-mgmt.h"
+#include "pkg-wan/pkg-wan.h"
   };
   return rows;
 }

@@ -18,9 +18,13 @@ Text<Size> interface_status(const char* interface, bus_status_query query) {
 template <std::size_t Size = 128>
 Text<Size> device_status(const char* device, bus_status_query query) {
   Text<Size> status;
-  if (device[0] == '\0' || netif_get_device_status(device, query, status.data(), Size) != 0) return {};
+  if (device == nullptr || device[0] == '\0' || netif_get_device_status(device, query, status.data(), Size) != 0)
+    return {};
   return status;
 }
+
+// Replies the MAC address of a network device; "0:0:0:0:0:0" when there is no device or the bus has no answer.
+int reply_device_mac(Call& call, const char* device);
 
 // Replies a kernel counter of the interface's layer-3 device; "0" when there is none.
 int reply_link_counter(Call& call, const char* interface, interface_counter counter);

@@ -3,6 +3,7 @@
 
 #include <uci.h>
 
+#include <cstdint>
 #include <cstring>
 #include <span>
 
@@ -72,6 +73,15 @@ class SectionsOfType {
   SectionsOfType(const uci_package* package, const char* type) : head_(&package->sections), type_(type) {}
   Iterator begin() const { return {head_->next, head_, type_}; }
   Iterator end() const { return {head_, head_, type_}; }
+
+  // The section that has this number in file order, counted from 1; nullptr when there is none.
+  uci_section* nth(int32_t number) const {
+    int32_t count = 0;
+    for (uci_section* section : *this) {
+      if (++count == number) return section;
+    }
+    return nullptr;
+  }
 
  private:
   const uci_list* head_;

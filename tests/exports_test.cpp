@@ -29,7 +29,10 @@ const Names kSharedHelpers = {"normal_debug_print", "syslog_message",
                               // validation, counters, board, channels, DHCP pool
                               "checkValidIP", "validityHost", "validityCheck", "CheckValidMacAddr",
                               "get_TotalBytesAndPackets_by_name", "get_mac", "get_oui", "get_mac_last", "get_cloud_sn",
-                              "get_device_sn", "GetChannelPoll", "dhcp_calc_ipaddr_pool", "dhcp_calc_pool_range"};
+                              "get_device_sn", "GetChannelPoll", "dhcp_calc_ipaddr_pool", "dhcp_calc_pool_range",
+                              // port mappings
+                              "PortMapping_ExternalPort", "PortMapping_InternalPort", "PortMapping_PortMappingProtocol",
+                              "PortMapping_InternalClient", "PortMapping_PortMappingDescription"};
 
 // The dynamic section of the library, as the loader sees it.
 class Library {

@@ -75,7 +75,9 @@ TEST_F(HandlerForm, GettersTakeTheAgentRecordOnlyWhereTheyReportIt) {
                                                   "ManagementServer_STUNUsername",
                                                   "ManagementServer_STUNPassword",
                                                   "ManagementServer_STUNMinimumKeepAlivePeriod",
-                                                  "ManagementServer_STUNMaximumKeepAlivePeriod"};
+                                                  "ManagementServer_STUNMaximumKeepAlivePeriod",
+                                                  "WANDevice_WANEthernetInterfaceConfig_MACAddress",
+                                                  "WANDevice_WANConnectionDevice_WANIPConnection_MACAddress"};
   for (const Row& row : kCatalogue) {
     if (report_the_agent.contains(row.name)) continue;
     SCOPED_TRACE(row.name);

@@ -2,3 +2,4 @@
 #include "pkg-dev/pkg-dev.h"
 #include "pkg-lan/pkg-lan.h"
 #include "pkg-mgmt/pkg-mgmt.h"
+#include "pkg-wan/pkg-wan.h"
