@@ -35,7 +35,7 @@ if(system_platform AND NOT KOVA_PLATFORM STREQUAL "standin")
   set(platform ${KOVA_UCI_LIBRARY} ${KOVA_UBUS_LIBRARY} ${KOVA_UBOX_LIBRARY})
 else()
   message(STATUS "Platform libraries: stand-ins, for development only")
-  add_subdirectory(lab/platform)
+  add_subdirectory(${CMAKE_CURRENT_LIST_DIR}/../lab/platform lab/platform)
   foreach(library uci ubox ubus)
     target_include_directories(platform-headers SYSTEM
                                INTERFACE $<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>)

@@ -1,4 +1,4 @@
-// Changing elements that a look-up has found. Each change is carried out and noted, to be saved or committed.
+// Changing elements. Each change is carried out and noted, to be saved or committed.
 #include <cstring>
 
 #include "model.hpp"
@@ -7,78 +7,82 @@ using namespace standin;
 
 namespace {
 
-void carry_out(const uci_ptr& ptr, Change::Kind kind, const char* option, const char* value) {
-  Package& package = package_of(ptr.p);
-  const Change change{kind, ptr.s != nullptr ? ptr.s->e.name : ptr.section, option != nullptr ? option : "",
-                      value != nullptr ? value : ""};
-  apply(package, change);
-  package.unsaved.push_back(change);
+// The elements that a change left.
+void refresh(uci_ptr& ptr, const Change& change) {
+  ptr.s = find_section(*ptr.p, change.section);
+  ptr.o = ptr.s != nullptr ? find_option(*ptr.s, change.option) : nullptr;
+  ptr.last = &ptr.p->e;
+  if (ptr.s != nullptr) ptr.last = &ptr.s->e;
+  if (ptr.o != nullptr) ptr.last = &ptr.o->e;
 }
 
-// The section and option that the change left.
-void refresh(uci_ptr& ptr) {
-  if (ptr.s == nullptr && ptr.section != nullptr) {
-    uci_element* section = find(ptr.p->sections, ptr.section);
-    ptr.s = section != nullptr ? uci_to_section(section) : nullptr;
-  }
-  if (ptr.s == nullptr || ptr.option == nullptr) return;
-  uci_element* option = find(ptr.s->options, ptr.option);
-  ptr.o = option != nullptr ? uci_to_option(option) : nullptr;
+void carry_out(uci_ptr& ptr, Change::Kind kind, const char* option, const char* value) {
+  const Change change{kind, section_name(ptr), option != nullptr ? option : "", value != nullptr ? value : ""};
+  Package& package = package_of(ptr.p);
+  apply(package, change);
+  package.unsaved.push_back(change);
+  refresh(ptr, change);
+}
+
+void change_option(uci_ptr& ptr, Change::Kind kind) {
+  require(is_name(option_name(ptr)), UCI_ERR_INVAL);
+  carry_out(ptr, kind, option_name(ptr), ptr.value);
+}
+
+void set_option(uci_ptr& ptr) {
+  require(ptr.s != nullptr, UCI_ERR_INVAL);
+  const bool same = ptr.o != nullptr && ptr.o->type == UCI_TYPE_STRING && std::strcmp(ptr.o->v.string, ptr.value) == 0;
+  if (!same) change_option(ptr, Change::SET);
 }
 
 void set_section(uci_ptr& ptr) {
-  require(is_type(ptr.value), UCI_ERR_INVAL);
-  if (ptr.s != nullptr && std::strcmp(ptr.s->type, ptr.value) == 0) return;
-  if (ptr.s == nullptr) require(is_name(ptr.section), UCI_ERR_INVAL);
+  const char* section = section_name(ptr);
+  require(section != nullptr && is_name(section) && is_type(ptr.value), UCI_ERR_INVAL);
   carry_out(ptr, Change::SET, nullptr, ptr.value);
 }
+
+void remove(uci_ptr& ptr) { carry_out(ptr, Change::REMOVE, option_name(ptr), nullptr); }
 
 }  // namespace
 
 int uci_set(uci_context* ctx, uci_ptr* ptr) {
-  return guarded(ctx, [&](Context& context) {
-    require(ptr != nullptr && ptr->p != nullptr && ptr->section != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
-    require(ptr->s != nullptr || ptr->option == nullptr, UCI_ERR_INVAL);
+  return guarded(ctx, [&](Context&) {
+    expand(ctx, ptr);
+    const bool is_option = option_name(*ptr) != nullptr;
+    require(ptr->value != nullptr && (ptr->s != nullptr || !is_option), UCI_ERR_INVAL);
     if (ptr->value[0] == '\0') {
-      const bool exists = ptr->option != nullptr ? ptr->o != nullptr : ptr->s != nullptr;
-      if (exists) require(uci_delete(ctx, ptr) == UCI_OK, context.error);
-      return;
-    }
-    if (ptr->option == nullptr) {
-      set_section(*ptr);
+      const bool exists = is_option ? ptr->o != nullptr : ptr->s != nullptr;
+      if (exists) remove(*ptr);
+    } else if (is_option) {
+      set_option(*ptr);
     } else {
-      const bool same =
-          ptr->o != nullptr && ptr->o->type == UCI_TYPE_STRING && std::strcmp(ptr->o->v.string, ptr->value) == 0;
-      if (same) return;
-      carry_out(*ptr, Change::SET, ptr->option, ptr->value);
+      set_section(*ptr);
     }
-    refresh(*ptr);
   });
 }
 
 int uci_add_list(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
-    require(ptr != nullptr && ptr->s != nullptr && ptr->option != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
-    carry_out(*ptr, Change::ADD_TO_LIST, ptr->option, ptr->value);
-    refresh(*ptr);
+    expand(ctx, ptr);
+    require(ptr->s != nullptr && option_name(*ptr) != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
+    change_option(*ptr, Change::ADD_TO_LIST);
   });
 }
 
 int uci_del_list(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
-    require(ptr != nullptr && ptr->s != nullptr && ptr->option != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
-    carry_out(*ptr, Change::REMOVE_FROM_LIST, ptr->option, ptr->value);
-    ptr->o = nullptr;
-    refresh(*ptr);
+    expand(ctx, ptr);
+    require(ptr->s != nullptr && option_name(*ptr) != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
+    if (ptr->o == nullptr || ptr->o->type != UCI_TYPE_LIST) return;
+    change_option(*ptr, Change::REMOVE_FROM_LIST);
   });
 }
 
 int uci_delete(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
-    require(ptr != nullptr && ptr->s != nullptr, UCI_ERR_INVAL);
-    require(ptr->option == nullptr || ptr->o != nullptr, UCI_ERR_NOTFOUND);
-    carry_out(*ptr, Change::REMOVE, ptr->option, nullptr);
-    ptr->o = nullptr;
-    if (ptr->option == nullptr) ptr->s = nullptr;
+    expand(ctx, ptr);
+    require((ptr->flags & UCI_LOOKUP_COMPLETE) != 0, UCI_ERR_NOTFOUND);
+    require(ptr->s != nullptr, UCI_ERR_INVAL);
+    remove(*ptr);
   });
 }

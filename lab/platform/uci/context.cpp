@@ -65,7 +65,7 @@ int uci_list_configs(uci_context* ctx, char*** list) {
     require(directory != nullptr, UCI_ERR_NOTFOUND);
     std::vector<std::string> names;
     while (const dirent* entry = readdir(directory.get())) {
-      if (entry->d_name[0] != '.') names.emplace_back(entry->d_name);
+      if (is_package_name(entry->d_name)) names.emplace_back(entry->d_name);
     }
     std::sort(names.begin(), names.end());
     // One block, so that a plain free() releases names and array.

@@ -8,27 +8,38 @@ using namespace standin;
 
 namespace {
 
+// Takes the next name off a path: up to the next dot, which becomes a zero.
+const char* take_name(char*& path) {
+  char* name = path;
+  if (path != nullptr) path = std::strchr(path, '.');
+  if (path != nullptr) *path++ = '\0';
+  return name;
+}
+
 // Splits "package[.section[.option]][=value]" in place.
 void split(uci_ptr& ptr, char* text) {
+  ptr = uci_ptr();
   if (char* equals = std::strchr(text, '=')) {
     *equals = '\0';
     ptr.value = equals + 1;
   }
-  ptr.package = text;
-  char* section = std::strchr(text, '.');
-  if (section == nullptr) return;
-  *section++ = '\0';
-  ptr.section = section;
-  char* option = std::strchr(section, '.');
-  if (option == nullptr) return;
-  *option++ = '\0';
-  ptr.option = option;
+  ptr.package = take_name(text);
+  ptr.section = take_name(text);
+  ptr.option = take_name(text);
+  if (ptr.section == nullptr) {
+    ptr.target = UCI_TYPE_PACKAGE;
+  } else {
+    ptr.target = ptr.option != nullptr ? UCI_TYPE_OPTION : UCI_TYPE_SECTION;
+  }
+  require(is_package_name(ptr.package), UCI_ERR_PARSE);
+  if (ptr.section != nullptr && !is_name(ptr.section)) ptr.flags |= UCI_LOOKUP_EXTENDED;
+  if (ptr.option != nullptr) require(is_name(ptr.option), UCI_ERR_PARSE);
 }
 
-// "@type[n]": the n-th section of a type, from the end when n is negative.
-uci_section* find_by_index(uci_package& package, std::string_view text) {
+// "@type[n]": the n-th section of a type (of any with no type), from the end when n is negative.
+uci_section* find_by_index(const uci_package& package, std::string_view text) {
   const size_t open = text.find('[');
-  require(open != std::string_view::npos && text.back() == ']', UCI_ERR_INVAL);
+  require(text.starts_with('@') && open != std::string_view::npos && text.ends_with(']'), UCI_ERR_INVAL);
   const std::string_view type = text.substr(1, open - 1);
   const std::string_view digits = text.substr(open + 1, text.size() - open - 2);
   int index = 0;
@@ -47,22 +58,52 @@ uci_section* find_by_index(uci_package& package, std::string_view text) {
 }
 
 uci_package* find_or_load(uci_context* context, const char* name) {
-  if (uci_element* loaded = find(context->root, name)) return uci_to_package(loaded);
+  require(name != nullptr, UCI_ERR_INVAL);
+  if (uci_package* loaded = uci_lookup_package(context, name)) return loaded;
   uci_package* package = nullptr;
   if (uci_load(context, name, &package) != UCI_OK) throw Failure{context_of(context).error, context_of(context).detail};
   return package;
 }
 
-void validate(const uci_ptr& ptr, bool extended) {
-  if (ptr.section != nullptr) {
-    const bool by_index = ptr.section[0] == '@';
-    require(by_index ? extended : *ptr.section != '\0', UCI_ERR_INVAL);
-    if (!by_index) require(is_name(ptr.section), UCI_ERR_PARSE);
-  }
-  if (ptr.option != nullptr) require(is_name(ptr.option), UCI_ERR_PARSE);
+uci_section* find_named(uci_context* context, const uci_ptr& ptr, bool extended) {
+  if ((ptr.flags & UCI_LOOKUP_EXTENDED) == 0) return uci_lookup_section(context, ptr.p, ptr.section);
+  require(extended, UCI_ERR_INVAL);
+  return find_by_index(*ptr.p, ptr.section);
+}
+
+// Whether everything that is named exists.
+bool resolve(uci_context* context, uci_ptr& ptr, bool extended) {
+  if (ptr.p == nullptr) ptr.p = find_or_load(context, ptr.package);
+  ptr.last = &ptr.p->e;
+  if (ptr.section == nullptr && ptr.s == nullptr) return true;
+  if (ptr.s == nullptr) ptr.s = find_named(context, ptr, extended);
+  if (ptr.s == nullptr) return false;
+  ptr.last = &ptr.s->e;
+  if (ptr.option == nullptr && ptr.o == nullptr) return true;
+  if (ptr.o == nullptr) ptr.o = uci_lookup_option(context, ptr.s, ptr.option);
+  if (ptr.o == nullptr) return false;
+  ptr.last = &ptr.o->e;
+  return true;
 }
 
 }  // namespace
+
+namespace standin {
+
+void expand(uci_context* context, uci_ptr* ptr) {
+  require(ptr != nullptr, UCI_ERR_INVAL);
+  if ((ptr->flags & UCI_LOOKUP_DONE) != 0) return;
+  if (uci_lookup_ptr(context, ptr, nullptr, true) != UCI_OK)
+    throw Failure{context_of(context).error, context_of(context).detail};
+}
+
+const char* section_name(const uci_ptr& ptr) { return ptr.s != nullptr ? ptr.s->e.name : ptr.section; }
+
+const char* option_name(const uci_ptr& ptr) {
+  return ptr.option == nullptr && ptr.o != nullptr ? ptr.o->e.name : ptr.option;
+}
+
+}  // namespace standin
 
 int uci_lookup_next(uci_context* ctx, uci_element** e, uci_list* list, const char* name) {
   if (ctx == nullptr || e == nullptr || list == nullptr || name == nullptr) return UCI_ERR_INVAL;
@@ -80,28 +121,11 @@ int uci_lookup_ptr(uci_context* ctx, uci_ptr* ptr, char* str, bool extended) {
   return guarded(ctx, [&](Context&) {
     require(ptr != nullptr, UCI_ERR_INVAL);
     if (str != nullptr) {
-      *ptr = uci_ptr();
       split(*ptr, str);
+    } else if (ptr->section != nullptr && !is_name(ptr->section)) {
+      ptr->flags |= UCI_LOOKUP_EXTENDED;
     }
-    require(ptr->package != nullptr && is_name(ptr->package), UCI_ERR_INVAL);
-    ptr->p = find_or_load(ctx, ptr->package);
-    validate(*ptr, extended);
-    ptr->target = UCI_TYPE_PACKAGE;
-    ptr->last = &ptr->p->e;
-    bool complete = true;
-    if (ptr->section != nullptr) {
-      ptr->target = UCI_TYPE_SECTION;
-      ptr->s =
-          ptr->section[0] == '@' ? find_by_index(*ptr->p, ptr->section) : uci_lookup_section(ctx, ptr->p, ptr->section);
-      complete = ptr->s != nullptr;
-      if (complete) ptr->last = &ptr->s->e;
-    }
-    if (ptr->option != nullptr) {
-      ptr->target = UCI_TYPE_OPTION;
-      ptr->o = ptr->s != nullptr ? uci_lookup_option(ctx, ptr->s, ptr->option) : nullptr;
-      complete = ptr->o != nullptr;
-      if (complete) ptr->last = &ptr->o->e;
-    }
-    ptr->flags = UCI_LOOKUP_DONE | (complete ? UCI_LOOKUP_COMPLETE : 0) | (extended ? UCI_LOOKUP_EXTENDED : 0);
+    ptr->flags |= UCI_LOOKUP_DONE;
+    if (resolve(ctx, *ptr, extended)) ptr->flags |= UCI_LOOKUP_COMPLETE;
   });
 }

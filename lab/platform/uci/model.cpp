@@ -1,7 +1,8 @@
 #include "model.hpp"
 
+#include <algorithm>
 #include <cctype>
-#include <cstring>
+#include <cstdio>
 
 namespace standin {
 namespace {
@@ -20,13 +21,14 @@ void unlink(uci_element& element) {
 
 uci_element make_element(uci_type type, std::string_view name) { return {{nullptr, nullptr}, type, copy(name)}; }
 
+void free_item(uci_element* item) {
+  unlink(*item);
+  delete[] item->name;
+  delete item;
+}
+
 void free_items(uci_list& list) {
-  while (list.next != &list) {
-    uci_element* item = list_to_element(list.next);
-    unlink(*item);
-    delete[] item->name;
-    delete item;
-  }
+  while (list.next != &list) free_item(list_to_element(list.next));
 }
 
 // The running number tells sections of one type apart; the hash notices that the number now means another type.
@@ -51,11 +53,6 @@ void clear(uci_option& option) {
   }
 }
 
-uci_option* find_option(uci_section& section, std::string_view name) {
-  uci_element* element = find(section.options, name);
-  return element != nullptr ? uci_to_option(element) : nullptr;
-}
-
 uci_option* add_option(uci_section& section, std::string_view name) {
   auto* option = new uci_option();
   option->e = make_element(UCI_TYPE_OPTION, name);
@@ -64,55 +61,6 @@ uci_option* add_option(uci_section& section, std::string_view name) {
   option->v.string = nullptr;
   append(section.options, option->e);
   return option;
-}
-
-void apply_to_section(Package& package, uci_section* section, const Change& change) {
-  switch (change.kind) {
-    case Change::SET:
-      if (section != nullptr) {
-        assign(section->type, change.value);
-      } else {
-        add_section(package, change.value, change.section);
-      }
-      break;
-    case Change::ADD:
-      add_section(package, change.value, "");
-      break;
-    case Change::REMOVE:
-      if (section != nullptr) free_section(section);
-      break;
-    case Change::RENAME:
-      if (section != nullptr) {
-        assign(section->e.name, change.value);
-        section->anonymous = false;
-      }
-      break;
-    default:
-      break;
-  }
-}
-
-void apply_to_option(uci_section& section, const Change& change) {
-  uci_option* option = find_option(section, change.option);
-  switch (change.kind) {
-    case Change::SET:
-      set_string(section, change.option, change.value);
-      break;
-    case Change::ADD_TO_LIST:
-      add_to_list(section, change.option, change.value);
-      break;
-    case Change::REMOVE:
-      if (option != nullptr) free_option(option);
-      break;
-    case Change::RENAME:
-      if (option != nullptr) assign(option->e.name, change.value);
-      break;
-    case Change::REMOVE_FROM_LIST:
-      if (option != nullptr) remove_from_list(*option, change.value);
-      break;
-    default:
-      break;
-  }
 }
 
 }  // namespace
@@ -126,6 +74,12 @@ bool is_name(std::string_view text) {
     if (std::isalnum(static_cast<unsigned char>(c)) == 0 && c != '_') return false;
   }
   return !text.empty();
+}
+
+bool is_package_name(std::string_view text) {
+  std::string without_hyphens(text);
+  std::replace(without_hyphens.begin(), without_hyphens.end(), '-', '_');
+  return is_name(without_hyphens);
 }
 
 bool is_type(std::string_view text) {
@@ -156,6 +110,16 @@ uci_element* find(const uci_list& list, std::string_view name) {
     if (element->name == name) return element;
   }
   return nullptr;
+}
+
+uci_section* find_section(const uci_package& package, std::string_view name) {
+  uci_element* element = find(package.sections, name);
+  return element != nullptr ? uci_to_section(element) : nullptr;
+}
+
+uci_option* find_option(const uci_section& section, std::string_view name) {
+  uci_element* element = find(section.options, name);
+  return element != nullptr ? uci_to_option(element) : nullptr;
 }
 
 Package* make_package(Context& context, const std::string& name) {
@@ -225,14 +189,11 @@ void add_to_list(uci_section& section, std::string_view name, std::string_view v
   add_item(*option, value);
 }
 
-bool remove_from_list(uci_option& option, std::string_view value) {
-  uci_element* item = option.type == UCI_TYPE_LIST ? find(option.v.list, value) : nullptr;
-  if (item == nullptr) return false;
-  unlink(*item);
-  delete[] item->name;
-  delete item;
+void remove_from_list(uci_option& option, std::string_view value) {
+  if (option.type != UCI_TYPE_LIST) return;
+  const std::string kept_value(value);  // may be the text of an item that goes
+  while (uci_element* item = find(option.v.list, kept_value)) free_item(item);
   if (option.v.list.next == &option.v.list) free_option(&option);
-  return true;
 }
 
 void free_option(uci_option* option) {
@@ -240,16 +201,6 @@ void free_option(uci_option* option) {
   unlink(option->e);
   delete[] option->e.name;
   delete option;
-}
-
-void apply(Package& package, const Change& change) {
-  uci_element* element = find(package.sections, change.section);
-  uci_section* section = element != nullptr ? uci_to_section(element) : nullptr;
-  if (change.option.empty()) {
-    apply_to_section(package, section, change);
-  } else if (section != nullptr) {
-    apply_to_option(*section, change);
-  }
 }
 
 }  // namespace standin

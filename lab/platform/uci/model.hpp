@@ -1,33 +1,27 @@
 // The store in memory: what stands behind the plain structures of uci.h.
 #pragma once
 
+#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "delta.hpp"
 #include "uci.h"
 
 namespace standin {
 
-// One line of a delta file.
-struct Change {
-  enum Kind : char { SET = '=', REMOVE = '-', ADD = '+', RENAME = '@', ADD_TO_LIST = '|', REMOVE_FROM_LIST = '~' };
-  Kind kind;
-  std::string section;
-  std::string option;  // empty: the section itself
-  std::string value;
-};
-
 struct Context : uci_context {
   std::string configuration_directory = UCI_CONFDIR;
   std::string save_directory = UCI_SAVEDIR;
-  std::vector<std::string> delta_directories;  // read after the save directory
+  std::vector<std::string> delta_directories;  // read before the save directory
   int error = UCI_OK;
   std::string detail;  // of the last parse error
 };
 
 struct Package : uci_package {
   unsigned sections_made = 0;
+  std::vector<Change> saved;  // came from delta files
   std::vector<Change> unsaved;
 };
 
@@ -48,24 +42,29 @@ int guarded(uci_context* context, Body body) {
   try {
     body(state);
     state.error = UCI_OK;
+    state.detail.clear();
   } catch (const Failure& failure) {
     state.error = failure.error;
     state.detail = failure.detail;
   } catch (const std::bad_alloc&) {
     state.error = UCI_ERR_MEM;
+    state.detail.clear();
   }
   return state.error;
 }
 
 void require(bool condition, int error);  // throws Failure(error) when it does not hold
 
-bool is_name(std::string_view text);  // letters, digits and underscores
-bool is_type(std::string_view text);  // printable
+bool is_name(std::string_view text);          // letters, digits and underscores
+bool is_package_name(std::string_view text);  // hyphens too
+bool is_type(std::string_view text);          // printable
 char* copy(std::string_view text);
 void assign(char*& target, std::string_view text);
 
 void init(uci_list& list);
 uci_element* find(const uci_list& list, std::string_view name);
+uci_section* find_section(const uci_package& package, std::string_view name);
+uci_option* find_option(const uci_section& section, std::string_view name);
 
 Package* make_package(Context& context, const std::string& name);
 void free_package(Package* package);
@@ -76,10 +75,12 @@ void free_section(uci_section* section);
 
 void set_string(uci_section& section, std::string_view name, std::string_view value);
 void add_to_list(uci_section& section, std::string_view name, std::string_view value);
-bool remove_from_list(uci_option& option, std::string_view value);
+void remove_from_list(uci_option& option, std::string_view value);  // the option too with its last item
 void free_option(uci_option* option);
 
-// Carries a change out; one that does not fit the package is left out, as with a stale delta.
-void apply(Package& package, const Change& change);
+// Completes what a caller filled in by hand: looks its element up, unless that has been done. Throws Failure.
+void expand(uci_context* context, uci_ptr* ptr);
+const char* section_name(const uci_ptr& ptr);  // nullptr for none
+const char* option_name(const uci_ptr& ptr);
 
 }  // namespace standin

@@ -3,34 +3,31 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "uci.h"
+#include "model.hpp"
+#include "write.hpp"
 
 namespace {
 
-using Context = std::unique_ptr<uci_context, decltype(&uci_free_context)>;
+using standin::Change;
+using standin::quoted;
 
-int fail(uci_context* context) {
-  uci_perror(context, "uci");
-  return 1;
-}
-
-int fail_with(const char* text) {
-  fprintf(stderr, "uci: %s\n", text);
-  return 1;
-}
-
-std::string joined(const uci_option* option, const char* quote) {
-  if (option->type == UCI_TYPE_STRING) return quote + std::string(option->v.string) + quote;
+// The texts of an option: its value, or its items joined by blanks. Single ones are quoted on demand, and wherever the
+// joined text would be ambiguous.
+std::string shown_value(const uci_option* option, bool is_quoted) {
+  if (option->type == UCI_TYPE_STRING) return is_quoted ? quoted(option->v.string) : option->v.string;
   std::string text;
+  const char* separator = "";
   uci_element* item = nullptr;
-  uci_foreach_element(&option->v.list, item) text +=
-      (text.empty() ? "" : " ") + (quote + std::string(item->name)) + quote;
+  uci_foreach_element(&option->v.list, item) {
+    const bool has_blank = std::strpbrk(item->name, " \t\r\n") != nullptr;
+    text += separator + (is_quoted || has_blank ? quoted(item->name) : item->name);
+    separator = " ";
+  }
   return text;
 }
 
@@ -49,7 +46,7 @@ std::string shown_name(const uci_section* section) {
 
 void show_option(const uci_section* section, const uci_option* option) {
   printf("%s.%s.%s=%s\n", section->package->e.name, shown_name(section).c_str(), option->e.name,
-         joined(option, "'").c_str());
+         shown_value(option, true).c_str());
 }
 
 void show_section(const uci_section* section) {
@@ -71,35 +68,43 @@ int show(uci_context*, uci_ptr& ptr) {
   } else {
     show_package(ptr.p);
   }
-  return 0;
+  return UCI_OK;
 }
 
 int get(uci_context*, uci_ptr& ptr) {
-  if (ptr.o != nullptr) {
-    printf("%s\n", joined(ptr.o, "").c_str());
-  } else if (ptr.s != nullptr) {
-    printf("%s\n", ptr.s->type);
-  } else {
-    return fail_with("Invalid argument");
+  if (ptr.s == nullptr) return UCI_ERR_INVAL;
+  puts(ptr.o != nullptr ? shown_value(ptr.o, false).c_str() : ptr.s->type);
+  return UCI_OK;
+}
+
+int changes(uci_context*, uci_ptr& ptr) {
+  for (const Change& change : standin::package_of(ptr.p).saved) {
+    std::string line = std::string(ptr.p->e.name) + "." + change.section;
+    if (!change.option.empty()) line += "." + change.option;
+    if (change.kind == Change::REMOVE) {
+      line.insert(0, "-");
+    } else {
+      if (change.kind == Change::ADD_TO_LIST) line += "+";
+      if (change.kind == Change::REMOVE_FROM_LIST) line += "-";
+      line += "=" + quoted(change.value);
+    }
+    puts(line.c_str());
   }
-  return 0;
+  return UCI_OK;
 }
 
-int revert(uci_context* context, uci_ptr& ptr) { return uci_revert(context, &ptr) == UCI_OK ? 0 : fail(context); }
-
-int commit(uci_context* context, uci_ptr& ptr) {
-  return uci_commit(context, &ptr.p, false) == UCI_OK ? 0 : fail(context);
-}
+int revert(uci_context* context, uci_ptr& ptr) { return uci_revert(context, &ptr); }
+int commit(uci_context* context, uci_ptr& ptr) { return uci_commit(context, &ptr.p, false); }
 
 // A change, saved but not committed.
 template <int (*change)(uci_context*, uci_ptr*)>
 int changed(uci_context* context, uci_ptr& ptr) {
-  if (change(context, &ptr) != UCI_OK || uci_save(context, ptr.p) != UCI_OK) return fail(context);
-  return 0;
+  const int error = change(context, &ptr);
+  return error == UCI_OK ? uci_save(context, ptr.p) : error;
 }
 
 struct Command {
-  int (*run)(uci_context*, uci_ptr&);
+  int (*run)(uci_context*, uci_ptr&);  // an error of the library
   bool needs_value;
   bool needs_existing;
   bool takes_all;  // without an argument it works on every package
@@ -108,35 +113,59 @@ struct Command {
 const std::map<std::string, Command> kCommands = {
     {"get", {get, false, true, false}},
     {"show", {show, false, true, true}},
+    {"changes", {changes, false, true, true}},
     {"set", {changed<uci_set>, true, false, false}},
     {"delete", {changed<uci_delete>, false, true, false}},
     {"add_list", {changed<uci_add_list>, true, false, false}},
     {"del_list", {changed<uci_del_list>, true, false, false}},
     {"revert", {revert, false, false, false}},
-    {"commit", {commit, false, false, true}},
+    {"commit", {commit, false, true, true}},
 };
 
-int run_on(uci_context* context, const Command& command, std::string path) {
-  uci_ptr ptr = {};
-  if (uci_lookup_ptr(context, &ptr, path.data(), true) != UCI_OK) return fail(context);
-  if (command.needs_value && ptr.value == nullptr) return fail_with("Invalid argument");
-  if (command.needs_existing && (ptr.flags & UCI_LOOKUP_COMPLETE) == 0) return fail_with("Entry not found");
-  return command.run(context, ptr);
-}
+class Session {
+ public:
+  Session() : context_(uci_alloc_context(), &uci_free_context) {}
+  uci_context* context() const { return context_.get(); }
+  void be_quiet() { is_quiet_ = true; }
 
-int run_on_all(uci_context* context, const Command& command) {
-  char** names = nullptr;
-  if (uci_list_configs(context, &names) != UCI_OK) return fail(context);
-  const std::unique_ptr<char*, decltype(&free)> owner(names, &free);
-  int status = 0;
-  for (; *names != nullptr; ++names) status |= run_on(context, command, *names);
-  return status;
-}
+  int run(const Command& command, std::string path) const {
+    uci_ptr ptr = {};
+    int error = uci_lookup_ptr(context(), &ptr, path.data(), true);
+    if (error == UCI_OK) error = run_on(command, ptr);
+    if (error == UCI_OK) return 0;
+    standin::context_of(context()).error = error;
+    if (!is_quiet_) uci_perror(context(), "uci");
+    return 1;
+  }
+
+  // A package that fails does not spoil the whole.
+  int run_on_all(const Command& command) const {
+    char** names = nullptr;
+    if (uci_list_configs(context(), &names) != UCI_OK) {
+      if (!is_quiet_) uci_perror(context(), "uci");
+      return 1;
+    }
+    const std::unique_ptr<char*, decltype(&free)> owner(names, &free);
+    for (; *names != nullptr; ++names) run(command, *names);
+    return 0;
+  }
+
+ private:
+  int run_on(const Command& command, uci_ptr& ptr) const {
+    if (command.needs_value && ptr.value == nullptr) return UCI_ERR_INVAL;
+    if (command.needs_existing && (ptr.flags & UCI_LOOKUP_COMPLETE) == 0) return UCI_ERR_NOTFOUND;
+    return command.run(context(), ptr);
+  }
+
+  std::unique_ptr<uci_context, decltype(&uci_free_context)> context_;
+  bool is_quiet_ = false;
+};
 
 int usage() {
   fputs(
       "Usage: uci [-c configuration directory] [-p extra change directory] [-t save directory] [-q] COMMAND [PATH]\n"
-      "Commands: get show set delete add_list del_list revert commit; PATH: package[.section[.option]][=value]\n"
+      "Commands: get show changes set delete add_list del_list revert commit\n"
+      "PATH: package[.section[.option]][=value]\n"
       "This is a development stand-in for OpenWrt's tool.\n",
       stderr);
   return 1;
@@ -145,17 +174,17 @@ int usage() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Context context(uci_alloc_context(), &uci_free_context);
+  Session session;
   for (int option = 0; (option = getopt(argc, argv, "+c:p:t:q")) != -1;) {
-    if (option == 'c') uci_set_confdir(context.get(), optarg);
-    if (option == 'p') uci_add_delta_path(context.get(), optarg);
-    if (option == 't') uci_set_savedir(context.get(), optarg);
-    if (option == 'q' && freopen("/dev/null", "w", stderr) == nullptr) return 1;
+    if (option == 'c') uci_set_confdir(session.context(), optarg);
+    if (option == 'p') uci_add_delta_path(session.context(), optarg);
+    if (option == 't') uci_set_savedir(session.context(), optarg);
+    if (option == 'q') session.be_quiet();
     if (option == '?') return usage();
   }
   const std::vector<std::string> arguments(argv + optind, argv + argc);
   const auto command = arguments.empty() ? kCommands.end() : kCommands.find(arguments[0]);
   if (command == kCommands.end() || arguments.size() > 2) return usage();
-  if (arguments.size() == 2) return run_on(context.get(), command->second, arguments[1]);
-  return command->second.takes_all ? run_on_all(context.get(), command->second) : usage();
+  if (arguments.size() == 2) return session.run(command->second, arguments[1]);
+  return command->second.takes_all ? session.run_on_all(command->second) : usage();
 }
