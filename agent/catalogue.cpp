@@ -1,7 +1,6 @@
 #include "catalogue.hpp"
 
-#include "pkg-tool.h"
-#include "pkg-wan/pkg-wan.h"  // declares more than its rows
+#include "families.h"
 
 #undef KOVA_PARAMETER
 #define KOVA_PARAMETER(handler, access, type, ...) {#handler, Access::access, Type::type, {__VA_ARGS__}},
@@ -10,10 +9,7 @@ namespace kovadm {
 
 const std::vector<Row>& catalogue() {
   static const std::vector<Row> rows = {
-#include "pkg-dev/pkg-dev.h"
-#include "pkg-lan/pkg-lan.h"
-#include "pkg-mgmt/pkg-mgmt.h"
-#include "pkg-wan/pkg-wan.h"
+#include "families.h"
   };
   return rows;
 }

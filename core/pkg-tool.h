@@ -62,8 +62,8 @@ enum apply_mask {
 /* What the running agent uses, as opposed to what is configured. Texts are NUL-terminated; periods are in seconds. */
 struct agent_state {
   uint16_t connection_request_port;
-  const char *connection_request_path; /* begins with "/" */
-  const char *connection_request_host;
+  const char* connection_request_path; /* begins with "/" */
+  const char* connection_request_host;
   uint8_t stun_enabled; /* 0 or 1 */
   uint8_t nat_detected; /* 1: detected */
   uint16_t stun_max_keepalive;
@@ -73,7 +73,7 @@ struct agent_state {
   char udp_connection_request_address[64];
   char stun_server_address[64];
   uint16_t stun_server_port;
-  const char *wan_interface; /* kernel device name */
+  const char* wan_interface; /* kernel device name */
 };
 
 /*
@@ -95,46 +95,47 @@ struct agent_state {
  * (LOG_INFO); otherwise nothing happens. Every format begins with "%s, %d: " and is followed by the calling module's
  * source-file name and line.
  */
-KOVA_API void normal_debug_print(const char *format, ...) KOVA_PRINTF(1, 2);
+KOVA_API void normal_debug_print(const char* format, ...) KOVA_PRINTF(1, 2);
 
 /* Writes the message to the system log at LOG_INFO, whether or not the debug log is on. For the agent. */
-KOVA_API void syslog_message(const char *format, ...) KOVA_PRINTF(1, 2);
+KOVA_API void syslog_message(const char* format, ...) KOVA_PRINTF(1, 2);
 
 /* ---- Configuration store ----
  *
  * All return 0, or -1 after logging why. Sections are named; list options count as missing. Texts are NUL-terminated.
  */
 
-/* Copies package.section.option of /etc/config whole into `output`, which must be large enough; untouched on failure. */
-KOVA_API int32_t uci_raw_extract_value(const char *package, const char *section, const char *option, char *output);
+/* Copies package.section.option of /etc/config whole into `output`, which must be large enough; untouched on failure.
+ */
+KOVA_API int32_t uci_raw_extract_value(const char* package, const char* section, const char* option, char* output);
 
 /*
  * Writes and commits the option in /etc/config, creating the section (typed by its own name) when it is missing, then
  * does the same in the change mirror /tmp/cwmp-config, or for a forced key in /tmp/cwmp-config-force. An empty value
  * removes the option. -1 from the mirror step leaves the main store committed.
  */
-KOVA_API int32_t uci_raw_set_value(const char *package, const char *section, const char *option, const char *value);
+KOVA_API int32_t uci_raw_set_value(const char* package, const char* section, const char* option, const char* value);
 
 /* As uci_raw_extract_value, on the state files below /tmp/tr069. */
-KOVA_API int32_t uci_raw_extract_value_By_path(const char *package, const char *section, const char *option,
-                                               char *output);
+KOVA_API int32_t uci_raw_extract_value_By_path(const char* package, const char* section, const char* option,
+                                               char* output);
 
 /* Writes and commits an option of an existing section of an existing state file below /tmp/tr069. */
-KOVA_API int32_t uci_raw_set_value_By_path(const char *package, const char *section, const char *option,
-                                           const char *value);
+KOVA_API int32_t uci_raw_set_value_By_path(const char* package, const char* section, const char* option,
+                                           const char* value);
 
 /*
  * Drops the saved, uncommitted changes (/var/state) of a package, section or option of /etc/config. `path` is
  * "package[.section[.option]]", "@type[n]" allowed; at most 100 characters of it are used.
  */
-KOVA_API int32_t uciRevert(const char *path);
+KOVA_API int32_t uciRevert(const char* path);
 
 /*
  * Reads `option` of the first section of `type` in /etc/profile.d/profile. At most `length` (> 0) characters are
  * copied and a zero is stored at output[length + 1]: `output` must hold length + 2 bytes, and the caller clears it
  * beforehand, as a value of `length` characters or more leaves output[length] as it was.
  */
-KOVA_API int32_t uciGetProfileValue(const char *type, const char *option, char *output, int32_t length);
+KOVA_API int32_t uciGetProfileValue(const char* type, const char* option, char* output, int32_t length);
 
 /* ---- Commands and task records ---- */
 
@@ -143,22 +144,22 @@ KOVA_API int32_t uciGetProfileValue(const char *type, const char *option, char *
  * Returns the line's length without the newline; -1 when the command cannot be started or prints nothing, in which
  * case `output` is untouched.
  */
-KOVA_API int32_t util_exec(const char *command, char *output, int32_t length);
+KOVA_API int32_t util_exec(const char* command, char* output, int32_t length);
 
 /* Runs `command` in the shell: 0 exit status 0, -2 other status or a signal, -1 it could not be run. */
-KOVA_API int32_t cwmp_system(const char *command);
+KOVA_API int32_t cwmp_system(const char* command);
 
 /*
  * The whole of a read-only handler whose value is the first line (at most 99 characters) of a command's output.
  * Returns 0 on a get (also when nothing was printed: empty value), -1 when the command cannot be started or on a set.
  */
-KOVA_API int32_t GetFirmDeviceInfo(int32_t operation, va_list arguments, const char *command);
+KOVA_API int32_t GetFirmDeviceInfo(int32_t operation, va_list arguments, const char* command);
 
 /* Appends a command line to /tmp/tr069/cmd_record, which the agent runs after the set request. 0 or -1. */
-KOVA_API int32_t record_task_cmd(const char *command);
+KOVA_API int32_t record_task_cmd(const char* command);
 
 /* Makes the command line the only one of /tmp/tr069/cmd_record_once. 0 or -1. */
-KOVA_API int32_t record_task_cmd_once(const char *command);
+KOVA_API int32_t record_task_cmd_once(const char* command);
 
 /* ---- State files below /tmp/tr069 ---- */
 
@@ -175,15 +176,15 @@ KOVA_API int32_t delete_host_info(void);
 
 struct blob_attr;
 struct ubus_request;
-typedef void (*bus_reply_handler)(struct ubus_request *request, int type, struct blob_attr *reply);
+typedef void (*bus_reply_handler)(struct ubus_request* request, int type, struct blob_attr* reply);
 
 /*
  * Calls `method` of the bus object `path` with `message` (NULL for none) and hands the reply to `reply_handler`, whose
- * request carries `context` as priv. Waits at most `timeout` milliseconds. Returns 0, the bus's error code of the look-up
- * or the call, or -1 for a missing argument or no bus.
+ * request carries `context` as priv. Waits at most `timeout` milliseconds. Returns 0, the bus's error code of the
+ * look-up or the call, or -1 for a missing argument or no bus.
  */
-KOVA_API int32_t ubus_call(const char *path, const char *method, struct blob_attr *message,
-                           bus_reply_handler reply_handler, void *context, int32_t timeout);
+KOVA_API int32_t ubus_call(const char* path, const char* method, struct blob_attr* message,
+                           bus_reply_handler reply_handler, void* context, int32_t timeout);
 
 /* What the status queries can ask for. */
 enum bus_status_query {
@@ -211,28 +212,28 @@ enum bus_status_query {
  * ubus_call, -1 also without name or output. A field that the reply lacks leaves `output` as it was: fill in a default
  * first.
  */
-KOVA_API int32_t netif_get_interface_status(const char *name, uint32_t query, char *output, int32_t length);
+KOVA_API int32_t netif_get_interface_status(const char* name, uint32_t query, char* output, int32_t length);
 
 /* The same for a network device (queries 9 to 16). */
-KOVA_API int32_t netif_get_device_status(const char *name, uint32_t query, char *output, int32_t length);
+KOVA_API int32_t netif_get_device_status(const char* name, uint32_t query, char* output, int32_t length);
 
 /* ---- Validation. Note the different results. ---- */
 
 /* 1 for a canonical dotted-quad IPv4 address, else 0. */
-KOVA_API int32_t checkValidIP(const char *text);
+KOVA_API int32_t checkValidIP(const char* text);
 
 /* 0 for an IPv4 address or a host name of at most 256 characters, else -1. */
-KOVA_API int32_t validityHost(const char *text);
+KOVA_API int32_t validityHost(const char* text);
 
 /* Decimal digits only, and by kind 1: any; 2: at most 6 of them; 3: 1 to 65535. 0 valid, else -1. */
-KOVA_API int32_t validityCheck(const char *text, int32_t kind);
+KOVA_API int32_t validityCheck(const char* text, int32_t kind);
 
 /*
  * Six groups of two hexadecimal digits between colons, in a text longer than 17 characters (so with a separator more
  * than usual). The text is split in place. 1 valid; 0 a bad digit or not six groups; -1 too short, or a group that is
  * not two characters long.
  */
-KOVA_API int32_t CheckValidMacAddr(char *text);
+KOVA_API int32_t CheckValidMacAddr(char* text);
 
 /* ---- Counters, board, channels ---- */
 
@@ -250,40 +251,40 @@ enum interface_counter {
  * Reads a counter of a kernel interface, in decimal, into `output`, cut to `length` bytes; left as it was when the
  * kernel's field is not a number. 0, or -1 for no such interface or counter.
  */
-KOVA_API int32_t get_TotalBytesAndPackets_by_name(const char *name, int32_t counter, char *output, int32_t length);
+KOVA_API int32_t get_TotalBytesAndPackets_by_name(const char* name, int32_t counter, char* output, int32_t length);
 
 /* The board's MAC address, the cloud serial number and the device serial number; all as util_exec. */
-KOVA_API int32_t get_mac(char *output, int32_t length);
-KOVA_API int32_t get_cloud_sn(char *output, int32_t length);
-KOVA_API int32_t get_device_sn(char *output, int32_t length);
+KOVA_API int32_t get_mac(char* output, int32_t length);
+KOVA_API int32_t get_cloud_sn(char* output, int32_t length);
+KOVA_API int32_t get_device_sn(char* output, int32_t length);
 
 /*
  * The first 6 digits of the board's MAC address, as written, without separators. Returns their number; -1 when `length`
  * is below 6. With a length of just 6 a full text has no terminating zero.
  */
-KOVA_API int32_t get_oui(char *output, int32_t length);
+KOVA_API int32_t get_oui(char* output, int32_t length);
 
 /* All digits of the board's MAC address. Returns their number; -1 when `length` is below 20. */
-KOVA_API int32_t get_mac_last(char *output, int32_t length);
+KOVA_API int32_t get_mac_last(char* output, int32_t length);
 
 /*
- * The channels that a radio supports. `instances` names the radio's network as WLANConfiguration does, (1, i) or (i, 0);
- * `variant` 0 is its main network, 1 its extra one. With mode 0 `channel` receives the list, a space after each number
- * (256 bytes are enough), and 0 is returned; with another mode `channel` holds a number, and the result is the mode
- * when the radio supports it, else 0. -1 for no such network, or one without an interface.
+ * The channels that a radio supports. `instances` names the radio's network as WLANConfiguration does, (1, i) or (i,
+ * 0); `variant` 0 is its main network, 1 its extra one. With mode 0 `channel` receives the list, a space after each
+ * number (256 bytes are enough), and 0 is returned; with another mode `channel` holds a number, and the result is the
+ * mode when the radio supports it, else 0. -1 for no such network, or one without an interface.
  */
-KOVA_API int32_t GetChannelPoll(int32_t mode, const void *unused, char *channel, const int32_t *instances,
+KOVA_API int32_t GetChannelPoll(int32_t mode, const void* unused, char* channel, const int32_t* instances,
                                 int32_t variant);
 
 /* ---- DHCP pool ---- */
 
 /* The configured pool's first and last address, dotted quad, into two texts of at least 16 bytes. 0 or -1. */
-KOVA_API int32_t dhcp_calc_ipaddr_pool(char *first, char *last);
+KOVA_API int32_t dhcp_calc_ipaddr_pool(char* first, char* last);
 
 /*
  * Checks a pool range that lies in the LAN subnet, or completes one of which one end is empty from the configured pool.
  * Both texts hold at least 16 bytes. 0, or -1 for addresses that are malformed, outside, or in the wrong order.
  */
-KOVA_API int32_t dhcp_calc_pool_range(char *first, char *last);
+KOVA_API int32_t dhcp_calc_pool_range(char* first, char* last);
 
 #endif

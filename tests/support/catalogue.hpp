@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "pkg-tool.h"
-#include "support/families.h"
+#include "families.h"
 
 namespace kova::test {
 
@@ -19,7 +18,7 @@ struct Row {
 #undef KOVA_PARAMETER
 #define KOVA_PARAMETER(handler, access, ...) {#handler, handler, Access::access},
 inline const Row kCatalogue[] = {
-#include "support/families.h"
+#include "families.h"
 };
 
 }  // namespace kova::test

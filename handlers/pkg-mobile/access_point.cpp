@@ -1,0 +1,76 @@
+// Cellular.AccessPoint: how the modem logs in to the network, kept for each SIM slot.
+#include "mobile.hpp"
+#include "pkg-mobile.h"
+#include "text.hpp"
+
+namespace {
+
+using namespace kova;
+
+// An option that every SIM slot has one of, named by `stem` and the slot.
+struct SlotOption {
+  const char* stem;
+  int longest_slot;  // what counts of the slot's text
+  LogMessage no_slot;
+  LogMessage not_stored;
+};
+constexpr SlotOption apn{"apn", 5, "FTGSS.\n", "FTSAN.\n"};
+constexpr SlotOption username{"username", Answer::size(), "FTGSS.\n", "FTSCAUN.\n"};
+constexpr SlotOption password{"password", Answer::size(), "FTGSS. \n", "FTSCAPW.\n"};
+
+using OptionName = Text<128>;
+
+// The option of the slot in use; that of the bare stem when the slot is not known.
+OptionName option_in_use(const SlotOption& option, Origin origin) {
+  Answer slot;
+  util_exec("cat /var/run/4g/simslot", slot.data(), slot.size());
+  if (slot.empty()) option.no_slot.print(origin);
+  OptionName name;
+  name.print("%s%.*s", option.stem, option.longest_slot, slot.c_str());
+  return name;
+}
+
+// Leaves the output as it is when the option cannot be read.
+int reply_slot_option(Call& call, const SlotOption& option) {
+  uci_raw_extract_value(mobile.package, mobile.name, option_in_use(option, call.origin()).c_str(), call.output());
+  return SUCCESS;
+}
+
+int store_slot_option(Call& call, const SlotOption& option) {
+  const OptionName name = option_in_use(option, call.origin());
+  return store_option(call, mobile, name.c_str(), 0, option.not_stored);
+}
+
+constexpr auto slot_option(SlotOption option) {
+  return [=](Call& call) { return reply_slot_option(call, option); };
+}
+
+constexpr auto store_slot(SlotOption option) {
+  return [=](Call& call) { return store_slot_option(call, option); };
+}
+
+// ---- Access point name: the network's own choice, or one that the server has set ----
+
+int access_point_name(Call& call) {
+  Text<8> isp;
+  const bool chosen = read_option(mobile, "isp", isp.span()) == SUCCESS && !(isp == "auto");
+  if (chosen) return reply_slot_option(call, apn);
+  return reply_answer(call, "cat /var/run/4g/getregsta", "FTGGR.\n");
+}
+
+int set_access_point_name(Call& call) {
+  if (store_slot_option(call, apn) != SUCCESS) return FAILURE;
+  if (uci_raw_set_value(mobile.package, mobile.name, "isp", "manual") == 0) return SUCCESS;
+  LOG("FTSCAIM.\n");
+  return FAILURE;
+}
+
+}  // namespace
+
+// clang-format off
+PARAMETER(Cellular_AccessPoint_APN,       if_present(access_point_name),             if_present(set_access_point_name))
+PARAMETER(Cellular_AccessPoint_Enable,    if_present(constant("1"), "0"),            switch_option("isp", "auto", nullptr, "FTSCAIA.\n"))
+PARAMETER(Cellular_AccessPoint_Username,  if_present(slot_option(username)),         if_present(store_slot(username)))
+PARAMETER(Cellular_AccessPoint_Password,  if_present(slot_option(password)),         if_present(store_slot(password)))
+PARAMETER(Cellular_AccessPoint_Interface, constant("Device.Cellular.Interface.1"),   read_only)
+// clang-format on

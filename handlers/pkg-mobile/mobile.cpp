@@ -1,0 +1,31 @@
+#include "mobile.hpp"
+
+#include "link.hpp"
+
+namespace kova {
+
+int has_Cellular_iface() { return interface_status<100>(kMobile, INTERFACE_UP).empty() ? FAILURE : SUCCESS; }
+
+int reply_answer(Call& call, const char* command, const LogMessage& nothing) {
+  Answer answer;
+  util_exec(command, answer.data(), answer.size());
+  if (answer.empty()) nothing.print(call.origin());
+  return call.reply(answer.c_str());
+}
+
+int reply_by_option(Call& call, const char* option, const char* value, const char* then, const char* otherwise) {
+  Text<8> stored;
+  const bool equal = read_option(mobile, option, stored.span()) == SUCCESS && stored == value;
+  return call.reply(equal ? then : otherwise);
+}
+
+int apply_switch(Call& call, const char* option, const char* off, const char* on, const LogMessage& failure) {
+  const char* word = nullptr;
+  if (call.value_is("0")) word = off;
+  if (call.value_is("1")) word = on;
+  if (word != nullptr && uci_raw_set_value(mobile.package, mobile.name, option, word) != 0)
+    return refuse(call, failure);
+  return call.mark(APPLY_CELLULAR | APPLY_MANAGEMENT);
+}
+
+}  // namespace kova
