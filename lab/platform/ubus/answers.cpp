@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
+#include <stdexcept>
 
 #include "libubus.h"
 
@@ -42,7 +44,8 @@ std::string output_of(const std::string& program, const std::string& argument) {
   while (error == 0 && (length = read(ends[0], block, sizeof block)) > 0)
     output.append(block, static_cast<size_t>(length));
   close(ends[0]);
-  if (error == 0) waitpid(child, nullptr, 0);
+  if (error != 0) throw std::runtime_error("cannot run " + program + ": " + std::strerror(error));
+  waitpid(child, nullptr, 0);
   return output;
 }
 
