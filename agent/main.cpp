@@ -84,6 +84,10 @@ int main(int argc, char** argv) try {
   try {
     app.parse(argc, argv);
     return run(app, arguments);
+  } catch (const CLI::RequiredError& error) {
+    const std::vector<std::string> words = app.remaining();
+    if (!words.empty()) std::cerr << "kovadm: no command \"" << words.front() << "\"\n";
+    return app.exit(error), kUsage;
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kUsage;
   }

@@ -46,7 +46,7 @@ class Message {
   Message& operator=(const Message&) = delete;
 
   void add(const char* name, const char* value) { blobmsg_add_string(&buffer_, name, value); }
-  blob_attr* get() { return buffer_.head; }
+  blob_attr* get() const { return buffer_.head; }
 
  private:
   blob_buf buffer_ = {};

@@ -35,6 +35,14 @@ void remove_newline(std::span<char> line);
 // printed. 0, or -1 when the command cannot be started.
 int first_line(const char* command, std::span<char> line);
 
+// The first line of a command's output as util_exec reads it, cut to what fits; empty when nothing is printed.
+template <std::size_t Size>
+Text<Size> printed_line(const char* command) {
+  Text<Size> line;
+  util_exec(command, line.data(), line.size());
+  return line;
+}
+
 // Prints a command line and runs it as cwmp_system does; -1, not run, when it would be cut.
 template <typename... Arguments>
 int run_command(const char* format, Arguments... arguments) {

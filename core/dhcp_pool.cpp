@@ -82,7 +82,7 @@ int check_both(const Lan& lan, const char* first, const char* last) {
     LOG("invalid ip\n\n");
     return -1;
   }
-  if (!lan.has(begin) || !lan.has(end) || begin > end) {
+  if (!lan.has(begin) || !lan.has(end) || end < begin) {
     LOG("invalid ip pool\n\n");
     return -1;
   }

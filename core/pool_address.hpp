@@ -35,7 +35,8 @@ class PoolAddress {
   friend PoolAddress operator+(PoolAddress address, uint32_t number) {
     return PoolAddress(address.octets_ + __builtin_bswap32(number));
   }
-  friend auto operator<=>(PoolAddress, PoolAddress) = default;
+  friend bool operator==(PoolAddress a, PoolAddress b) { return a.octets_ == b.octets_; }
+  friend bool operator<(PoolAddress a, PoolAddress b) { return a.octets_ < b.octets_; }
 
   PoolAddress() = default;
 

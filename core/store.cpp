@@ -6,7 +6,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 #include "text.hpp"
 
@@ -29,10 +31,8 @@ constexpr const char* kForcedKeys[] = {"network.vlan.enable", "network.vlan", "w
 using ElementName = Text<512>;
 
 bool is_forced(const char* path) {
-  for (const char* key : kForcedKeys) {
-    if (strcmp(path, key) == 0) return true;
-  }
-  return false;
+  return std::any_of(std::begin(kForcedKeys), std::end(kForcedKeys),
+                     [path](const char* key) { return strcmp(path, key) == 0; });
 }
 
 const char* string_value(const uci_option* option) {

@@ -23,6 +23,8 @@ inline void copy_text(std::span<char> target, std::string_view source) {
 template <std::size_t Size>
 class Text {
  public:
+  static constexpr std::size_t capacity() { return Size; }  // with the terminator
+
   Text() = default;
   explicit Text(std::string_view text) { *this = text; }
 
@@ -44,7 +46,7 @@ class Text {
   std::string_view view() const { return buffer_; }
   bool empty() const { return buffer_[0] == '\0'; }
   char* data() { return buffer_; }
-  static constexpr std::size_t size() { return Size; }
+  int32_t size() const { return Size; }  // the capacity as the exported helpers take it
   std::span<char> span() { return buffer_; }
 
   bool operator==(std::string_view other) const { return view() == other; }

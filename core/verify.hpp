@@ -8,9 +8,9 @@
 namespace kova {
 
 // The forms of its command line: interpreter and script, key, value. The value is placed as it is; nothing is escaped.
-inline constexpr char kVerifyQuoted[] = "%s %s \"%s\"";
-inline constexpr char kVerifyQuotedInBackground[] = "%s %s \"%s\" &";
-inline constexpr char kVerifyQuotedAndSpace[] = "%s %s \"%s\" ";
+inline constexpr char kVerifyQuoted[] = R"(%s %s "%s")";
+inline constexpr char kVerifyQuotedInBackground[] = R"(%s %s "%s" &)";
+inline constexpr char kVerifyQuotedAndSpace[] = R"(%s %s "%s" )";
 inline constexpr char kVerifyBare[] = "%s %s %s";
 
 // A command line that runs the verify script; empty when it would be cut, which is then a failure to run or record.

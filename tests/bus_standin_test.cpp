@@ -17,7 +17,7 @@ struct Message {
   Message(const Message&) = delete;
   Message& operator=(const Message&) = delete;
 
-  blob_attr* parse(const char* name, enum blobmsg_type type, int* result = nullptr) {
+  blob_attr* parse(const char* name, enum blobmsg_type type, int* result = nullptr) const {
     const blobmsg_policy policy = {name, type};
     blob_attr* field = nullptr;
     const int parsed =

@@ -42,8 +42,8 @@ class Library {
     image_.assign(std::istreambuf_iterator<char>(file), {});
     const auto header = at<Elf64_Ehdr>(0);
     for (size_t i = 0; i < header.e_shnum; ++i) {
-      const auto section = at<Elf64_Shdr>(header.e_shoff + i * header.e_shentsize);
-      const auto names = at<Elf64_Shdr>(header.e_shoff + section.sh_link * header.e_shentsize);
+      const auto section = at<Elf64_Shdr>(header.e_shoff + i * size_t{header.e_shentsize});
+      const auto names = at<Elf64_Shdr>(header.e_shoff + section.sh_link * size_t{header.e_shentsize});
       if (section.sh_type == SHT_DYNSYM) read_symbols(section, names);
       if (section.sh_type == SHT_DYNAMIC) read_needed(section, names);
     }

@@ -18,7 +18,7 @@ const int32_t kFirstRow[] = {1, 1, 1, 1, 0, 0};
 class ShortList {
  public:
   ShortList(const void* first, const void* second) {
-    const size_t page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    const auto page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
     pages_ = static_cast<char*>(mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     mprotect(pages_ + page, page, PROT_NONE);
     const void* arguments[] = {first, second};

@@ -116,9 +116,9 @@ TEST_F(DhcpServer, SynchronousChangesRunTheVerifyScriptAndHeedItsVerdict) {
   for (const parameter_handler handler : kEnableHandlers)
     changes.push_back({handler, "0", "dhcps_enable \"0\"", "FTSDSE.\n"});
   for (const parameter_handler handler : kFirstHandlers)
-    changes.push_back({handler, "192.168.1.50", "dhcps_startip \"192.168.1.50\" \"192.168.1.249\"", "FTSSIAD.\n"});
+    changes.push_back({handler, "192.168.1.50", R"(dhcps_startip "192.168.1.50" "192.168.1.249")", "FTSSIAD.\n"});
   for (const parameter_handler handler : kLastHandlers)
-    changes.push_back({handler, "192.168.1.200", "dhcps_endip \"192.168.1.100\" \"192.168.1.200\"", "FTSEIAD.\n"});
+    changes.push_back({handler, "192.168.1.200", R"(dhcps_endip "192.168.1.100" "192.168.1.200")", "FTSEIAD.\n"});
   for (const parameter_handler handler : kLeaseHandlers)
     changes.push_back({handler, "7199", "dhcps_leasetime \"119\"", "FTSDLT.\n"});
   for (const parameter_handler handler : kDnsHandlers)

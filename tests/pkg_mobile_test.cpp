@@ -192,7 +192,7 @@ TEST_F(Cellular, IdentityIsWhatTheModemServiceKeeps) {
 // ---- AT commands ----
 
 const std::string kServingCell =
-    "ubus call network.gcom at '{\"device\":\"/dev/ttyUSB2\",\"cmd\":\"AT+QENG=\\\"servingcell\\\"\"}' | grep '+QENG:'";
+    R"(ubus call network.gcom at '{"device":"/dev/ttyUSB2","cmd":"AT+QENG=\"servingcell\""}' | grep '+QENG:')";
 
 // The answer to a command, one line each; the bus tool prints an array's elements below each other.
 std::string answer_to(const std::string& command, const std::string& lines) {
@@ -321,14 +321,15 @@ TEST_F(Cellular, CredentialsAreThoseOfTheSimSlot) {
   configure("network.4g.isp", "manual");
   for (const auto& [handler, option, no_slot, not_stored] : kCredentials) {
     SCOPED_TRACE(option);
+    const std::string path = "network.4g." + option;
     for (const std::string slot : {"", "2"}) {
       slot.empty() ? void(run("rm -rf /var/run/4g")) : service_has("simslot", slot + "\n");
       EXPECT_EQ(get(handler), answered(kUntouched));
       EXPECT_EQ(set(handler, "value " + slot), accepted());
       EXPECT_EQ(commands().back(), kSimSlot);
       EXPECT_EQ(logged(no_slot), true);
-      EXPECT_EQ(config("network.4g." + option + slot), "value " + slot);
-      EXPECT_EQ(mirror("network.4g." + option + slot), "value " + slot);
+      EXPECT_EQ(config(path + slot), "value " + slot);
+      EXPECT_EQ(mirror(path + slot), "value " + slot);
       EXPECT_EQ(get(handler), answered("value " + slot));
     }
     seams().syslog.clear();

@@ -66,6 +66,7 @@ class UciStandin : public testing::Test {
   Outcome uci(std::vector<std::string> arguments) const {
     arguments.insert(arguments.begin(), {UCI_TOOL, "-c", root_ / "config", "-t", root_ / "save"});
     std::vector<char*> argv;
+    argv.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) argv.push_back(argument.data());
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;

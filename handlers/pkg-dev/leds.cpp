@@ -12,12 +12,7 @@ constexpr Section board{"system", "board"};
 
 using Line = Text<128>;
 
-// The first line that a command prints, empty when there is none.
-Line line_of(const char* command) {
-  Line line;
-  util_exec(command, line.data(), line.size());
-  return line;
-}
+Line line_of(const char* command) { return printed_line<Line::capacity()>(command); }
 
 int leds_enabled(Call& call) {
   Text<8> switchable;

@@ -13,11 +13,7 @@ using namespace kova;
 
 constexpr Section ntp{"system", "ntp"};
 
-int reply_line(Call& call, const char* command) {
-  Text<256> line;
-  util_exec(command, line.data(), line.size());
-  return call.reply(line.c_str());
-}
+int reply_line(Call& call, const char* command) { return call.reply(printed_line<256>(command).c_str()); }
 
 int local_time(Call& call) { return reply_line(call, "date '+%F %X'"); }
 
@@ -47,7 +43,7 @@ int time_zones(Call& call) {
   }
   char* end = call.output();
   *end = '\0';
-  for (Text<256> line; fgets(line.data(), Text<256>::size(), list) != nullptr;) {
+  for (Text<256> line; fgets(line.data(), Text<256>::capacity(), list) != nullptr;) {
     remove_newline(line.span());
     end = stpcpy(stpcpy(end, line.c_str()), ", ");
   }

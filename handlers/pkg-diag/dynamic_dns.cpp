@@ -1,4 +1,5 @@
 // X_KOVA_AppCfg: dynamic DNS with one of two providers, DynDNS or No-IP.
+#include "command.hpp"
 #include "parameter.hpp"
 #include "pkg-diag.h"
 #include "text.hpp"
@@ -43,12 +44,6 @@ int set_wan_binding(Call& call) {
   return store_switch(call, noip, kWanBind) == SUCCESS ? call.mark(APPLY_DDNS) : FAILURE;
 }
 
-int reply_state(Call& call, const char* command) {
-  Text<100> state;
-  util_exec(command, state.data(), state.size());
-  return call.reply(state.c_str());
-}
-
 constexpr auto is_on(Section provider, Switch option) {
   return [=](Call& call) { return reply_switch(call, provider, option); };
 }
@@ -58,7 +53,7 @@ constexpr auto activate(Section provider, uint32_t bits) {
 }
 
 constexpr auto state(const char* command) {
-  return [=](Call& call) { return reply_state(call, command); };
+  return [=](Call& call) { return call.reply(printed_line<100>(command).c_str()); };
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ int last_address(Call& call) {
 // Completes the range from the configured pool and has it applied; `key` names the end that the server sets.
 int set_range(Call& call, Address first, Address last, const char* key, const LogMessage& failure) {
   if (dhcp_calc_pool_range(first.data(), last.data()) != 0) return refuse(call, failure);
-  return run_verify(call, {"%s %s \"%s\" \"%s\"", key, first.c_str(), last.c_str()}, failure);
+  return run_verify(call, {R"(%s %s "%s" "%s")", key, first.c_str(), last.c_str()}, failure);
 }
 
 bool is_address(const Call& call) {
@@ -86,7 +86,7 @@ int lease_minutes(int seconds) {
 }
 
 int set_lease_time(Call& call) {
-  return run_verify(call, {"%s %s \"%d\"", "dhcps_leasetime", lease_minutes(atoi(call.value()))}, "FTSDLT.\n");
+  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(atoi(call.value()))}, "FTSDLT.\n");
 }
 
 // ---- DNS servers ----
@@ -94,11 +94,7 @@ int set_lease_time(Call& call) {
 using Server = Text<32>;
 
 // The DNS option that the DHCP daemon hands out, from its generated configuration.
-Server offered_server(const char* command) {
-  Server server;
-  util_exec(command, server.data(), server.size());
-  return server;
-}
+Server offered_server(const char* command) { return printed_line<Server::capacity()>(command); }
 
 // A space between the two, and an unset address in place of a repeated one.
 int dns_servers(Call& call) {
@@ -111,7 +107,7 @@ int dns_servers(Call& call) {
     }
     second = first;
   }
-  Text<2 * Server::size()> servers;
+  Text<2 * Server::capacity()> servers;
   servers.print("%s %s", first.c_str(), first == second.view() ? "0.0.0.0" : second.c_str());
   return call.reply(servers.c_str());
 }

@@ -15,15 +15,14 @@ struct SlotOption {
   LogMessage not_stored;
 };
 constexpr SlotOption apn{"apn", 5, "FTGSS.\n", "FTSAN.\n"};
-constexpr SlotOption username{"username", Answer::size(), "FTGSS.\n", "FTSCAUN.\n"};
-constexpr SlotOption password{"password", Answer::size(), "FTGSS. \n", "FTSCAPW.\n"};
+constexpr SlotOption username{"username", Answer::capacity(), "FTGSS.\n", "FTSCAUN.\n"};
+constexpr SlotOption password{"password", Answer::capacity(), "FTGSS. \n", "FTSCAPW.\n"};
 
 using OptionName = Text<128>;
 
 // The option of the slot in use; that of the bare stem when the slot is not known.
 OptionName option_in_use(const SlotOption& option, Origin origin) {
-  Answer slot;
-  util_exec("cat /var/run/4g/simslot", slot.data(), slot.size());
+  const Answer slot = answer_of("cat /var/run/4g/simslot");
   if (slot.empty()) option.no_slot.print(origin);
   OptionName name;
   name.print("%s%.*s", option.stem, option.longest_slot, slot.c_str());

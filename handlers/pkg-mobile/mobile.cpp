@@ -1,14 +1,16 @@
 #include "mobile.hpp"
 
+#include "command.hpp"
 #include "link.hpp"
 
 namespace kova {
 
 int has_Cellular_iface() { return interface_status<100>(kMobile, INTERFACE_UP).empty() ? FAILURE : SUCCESS; }
 
+Answer answer_of(const char* command) { return printed_line<Answer::capacity()>(command); }
+
 int reply_answer(Call& call, const char* command, const LogMessage& nothing) {
-  Answer answer;
-  util_exec(command, answer.data(), answer.size());
+  const Answer answer = answer_of(command);
   if (answer.empty()) nothing.print(call.origin());
   return call.reply(answer.c_str());
 }

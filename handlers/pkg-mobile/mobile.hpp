@@ -9,11 +9,13 @@ namespace kova {
 inline constexpr char kMobile[] = "4g";
 inline constexpr Section mobile{"network", kMobile};
 
-// The first line that a command or the modem answers.
+// What a command or the modem answers: its first line, empty for none.
 using Answer = Text<100>;
 
 // SUCCESS when the network daemon knows the interface, be it up or down; else FAILURE.
 int has_Cellular_iface();
+
+Answer answer_of(const char* command);
 
 // Replies a command's first line; without one the reply is empty and `nothing` is logged.
 int reply_answer(Call& call, const char* command, const LogMessage& nothing);

@@ -8,7 +8,7 @@ namespace kova {
 namespace {
 
 using Command = Text<511>;
-using Device = Text<Command::size()>;
+using Device = Text<Command::capacity()>;
 
 // clang-format off
 constexpr char kSignalStrength[] = R"(ubus call network.gcom at '{"device":"%s","cmd":"AT+CSQ"}' | grep '+CSQ:' | awk '{print $3 }' | awk -F, '{ print $1 }')";
@@ -41,8 +41,7 @@ Command serving_cell_query(const Device& device) {
 NetMode cellular_net_mode() {
   Device device;
   if (read_device(device, HERE, "GCDE %s \n\n") != SUCCESS) return UNKNOWN;
-  Answer answer;
-  util_exec(serving_cell_query(device).c_str(), answer.data(), answer.size());
+  const Answer answer = answer_of(serving_cell_query(device).c_str());
   if (answer.empty()) {
     LOG("GAQSF.. \n");
     return UNKNOWN;

@@ -1,5 +1,7 @@
 #include "support/handler.hpp"
 
+#include <cstring>
+
 namespace kova::test {
 
 agent_state running_agent() {
@@ -23,7 +25,8 @@ Answer get(parameter_handler handler, agent_state& agent, const Instances& insta
   std::string output(65536, '\0');
   kUntouched.copy(output.data(), kUntouched.size());
   const int32_t result = call(handler, 0, instances.data(), output.data(), &agent);
-  return {result, output.c_str()};
+  output.resize(std::strlen(output.data()));
+  return {result, output};
 }
 
 Answer get(parameter_handler handler, const Instances& instances) {

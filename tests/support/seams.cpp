@@ -50,6 +50,8 @@ int run(const std::string& command) {
 
 using kova::test::seams;
 
+// The declarations are the C library's, and so are their parameter names.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 FILE* popen(const char* command, const char* mode) {
@@ -87,3 +89,4 @@ int vfprintf(FILE* stream, const char* format, va_list arguments) {
   return 0;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -54,6 +54,7 @@ T value(const blob_attr* attr) {
 // An open container is remembered by its place, since the block moves as it grows.
 void* open(blob_buf* buf, enum blobmsg_type type, const char* name) {
   const size_t offset = blob_raw_len(buf->head);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): callers only hand it back
   return add(buf, type, name, 0) != nullptr ? reinterpret_cast<void*>(offset) : nullptr;
 }
 
@@ -120,7 +121,7 @@ void* blobmsg_data(const blob_attr* attr) {
 }
 
 size_t blobmsg_data_len(const blob_attr* attr) {
-  const size_t before = static_cast<size_t>(static_cast<char*>(blobmsg_data(attr)) - bytes(attr));
+  const auto before = static_cast<size_t>(static_cast<char*>(blobmsg_data(attr)) - bytes(attr));
   const size_t length = blob_len(attr);
   return length > before ? length - before : 0;
 }

@@ -12,16 +12,14 @@
 
 #include "libubus.h"
 
-extern char** environ;
-
 namespace standin {
 namespace {
 
 bool matches(const Json& when, const Json& request) {
-  for (const auto& [name, value] : when.items()) {
-    if (!request.contains(name) || request[name] != value) return false;
-  }
-  return true;
+  const auto members = when.items();
+  return std::all_of(members.begin(), members.end(), [&](const auto& member) {
+    return request.contains(member.key()) && request[member.key()] == member.value();
+  });
 }
 
 // What a program prints, run with one argument. Not through popen: the lab's users watch that for the plug-in's sake.

@@ -65,10 +65,6 @@ uci_option* add_option(uci_section& section, std::string_view name) {
 
 }  // namespace
 
-void require(bool condition, int error) {
-  if (!condition) throw Failure{error};
-}
-
 bool is_name(std::string_view text) {
   for (const char c : text) {
     if (std::isalnum(static_cast<unsigned char>(c)) == 0 && c != '_') return false;

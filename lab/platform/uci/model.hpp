@@ -53,7 +53,9 @@ int guarded(uci_context* context, Body body) {
   return state.error;
 }
 
-void require(bool condition, int error);  // throws Failure(error) when it does not hold
+inline void require(bool condition, int error) {
+  if (!condition) throw Failure{error};
+}
 
 bool is_name(std::string_view text);          // letters, digits and underscores
 bool is_package_name(std::string_view text);  // hyphens too

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <filesystem>
 #include <memory>
 
 #include "file.hpp"
@@ -29,7 +30,7 @@ std::vector<Change> read_delta(const std::string& path) {
 std::vector<Change> read_extra_deltas(const Context& context, const std::string& package) {
   std::vector<Change> changes;
   for (const std::string& directory : context.delta_directories) {
-    const std::vector<Change> more = read_delta(directory + "/" + package);
+    const std::vector<Change> more = read_delta(std::filesystem::path(directory) / package);
     changes.insert(changes.end(), more.begin(), more.end());
   }
   return changes;

@@ -123,12 +123,12 @@ int uci_revert(struct uci_context* ctx, struct uci_ptr* ptr);
 void uci_get_errorstr(struct uci_context* ctx, char** dest, const char* prefix);
 void uci_perror(struct uci_context* ctx, const char* prefix);
 
-#define list_to_element(ptr) ((struct uci_element*)(void*)((char*)(uintptr_t)(ptr)-offsetof(struct uci_element, list)))
+#define list_to_element(ptr) ((struct uci_element*)(void*)((char*)(ptr)-offsetof(struct uci_element, list)))
 #define uci_foreach_element(_list, _ptr) \
-  for (_ptr = list_to_element((_list)->next); &_ptr->list != (_list); _ptr = list_to_element(_ptr->list.next))
-#define uci_foreach_element_safe(_list, _tmp, _ptr)                                                            \
-  for (_ptr = list_to_element((_list)->next), _tmp = list_to_element(_ptr->list.next); &_ptr->list != (_list); \
-       _ptr = _tmp, _tmp = list_to_element(_ptr->list.next))
+  for ((_ptr) = list_to_element((_list)->next); &(_ptr)->list != (_list); (_ptr) = list_to_element((_ptr)->list.next))
+#define uci_foreach_element_safe(_list, _tmp, _ptr)                                                                    \
+  for ((_ptr) = list_to_element((_list)->next), (_tmp) = list_to_element((_ptr)->list.next); &(_ptr)->list != (_list); \
+       (_ptr) = (_tmp), (_tmp) = list_to_element((_ptr)->list.next))
 
 static inline struct uci_package* uci_to_package(struct uci_element* e) {
   return (struct uci_package*)(void*)((char*)e - offsetof(struct uci_package, e));
@@ -140,6 +140,7 @@ static inline struct uci_option* uci_to_option(struct uci_element* e) {
   return (struct uci_option*)(void*)((char*)e - offsetof(struct uci_option, e));
 }
 
+// NOLINTBEGIN(modernize-use-nullptr): for C too
 static inline struct uci_package* uci_lookup_package(struct uci_context* ctx, const char* name) {
   struct uci_element* e = NULL;
   return uci_lookup_next(ctx, &e, &ctx->root, name) == UCI_OK ? uci_to_package(e) : NULL;
@@ -156,6 +157,7 @@ static inline const char* uci_lookup_option_string(struct uci_context* ctx, stru
   struct uci_option* o = uci_lookup_option(ctx, s, name);
   return o != NULL && o->type == UCI_TYPE_STRING ? o->v.string : NULL;
 }
+// NOLINTEND(modernize-use-nullptr)
 
 #ifdef __cplusplus
 }

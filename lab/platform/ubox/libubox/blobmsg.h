@@ -59,9 +59,10 @@ int blobmsg_parse(const struct blobmsg_policy* policy, int policy_len, struct bl
                   unsigned int len);
 
 #define blobmsg_for_each_attr(pos, attr, rem)                                                                        \
-  for (rem = (attr) ? blobmsg_data_len(attr) : 0, pos = (struct blob_attr*)((attr) ? blobmsg_data(attr) : NULL);     \
-       rem >= sizeof(struct blob_attr) && blob_pad_len(pos) <= rem && blob_pad_len(pos) >= sizeof(struct blob_attr); \
-       rem -= blob_pad_len(pos), pos = blob_next(pos))
+  for ((rem) = (attr) ? blobmsg_data_len(attr) : 0, (pos) = (struct blob_attr*)((attr) ? blobmsg_data(attr) : NULL); \
+       (rem) >= sizeof(struct blob_attr) && blob_pad_len(pos) <= (rem) &&                                            \
+       blob_pad_len(pos) >= sizeof(struct blob_attr);                                                                \
+       (rem) -= blob_pad_len(pos), (pos) = blob_next(pos))
 
 #ifdef __cplusplus
 }

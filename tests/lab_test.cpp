@@ -1,0 +1,146 @@
+// The simulated router itself: what its scripts and its bus make of its configuration, as the plug-in meets it.
+#include "pkg-mobile/pkg-mobile.h"
+#include "pkg-wan/pkg-wan.h"
+#include "support/device.hpp"
+
+#define IP(parameter) WANDevice_WANConnectionDevice_WANIPConnection_##parameter
+#define PPP(parameter) WANDevice_WANConnectionDevice_WANPPPConnection_##parameter
+
+namespace kova::test {
+namespace {
+
+class Lab : public DeviceTest {
+ protected:
+  // The verdict of the verify script.
+  static std::string verify(const std::string& arguments) {
+    run("lua /usr/bin/tr069/verify_pms " + arguments);
+    return stored("/tmp/tr069", "check", "result", "set_result").value_or("none");
+  }
+};
+
+TEST_F(Lab, TheWanFollowsItsConfiguredProtocol) {
+  const struct {
+    const char* protocol;
+    const char* fixed;    // status of the connection with a static address
+    const char* dynamic;  // with one from DHCP
+    const char* ppp;
+    const char* type;
+    const char* address;
+    const char* gateway;
+  } cases[] = {
+      {"static", "Connected", "Disconnected", "Disconnected", " ", "192.0.2.10", "0.0.0.0"},
+      {"dhcp", "Disconnected", "Connected", "Disconnected", " ", "192.0.2.77", "0.0.0.0"},
+      {"pppoe", "Disconnected", "Disconnected", "Connected", "PPPoE", "203.0.113.42", "203.0.113.1"},
+      {"l2tp", "Disconnected", "Disconnected", "Connected", "L2TP", "203.0.113.99", "203.0.113.2"},
+      {"none", "Disconnected", "Disconnected", "Disconnected", " ", "0.0.0.0", "0.0.0.0"},
+  };
+  for (const auto& [protocol, fixed, dynamic, ppp, type, address, gateway] : cases) {
+    SCOPED_TRACE(protocol);
+    configure("network.wan.proto", protocol);
+    EXPECT_EQ(get(IP(ConnectionStatus), {1, 1, 1}), answered(fixed));
+    EXPECT_EQ(get(IP(ConnectionStatus), {1, 1, 2}), answered(dynamic));
+    EXPECT_EQ(get(IP(ExternalIPAddress), {1, 1, 1}), answered(address));
+    EXPECT_EQ(get(PPP(ConnectionStatus)), answered(ppp));
+    EXPECT_EQ(get(PPP(TransportType)), answered(type));
+    EXPECT_EQ(get(PPP(DefaultGateway)), answered(gateway));
+  }
+}
+
+TEST_F(Lab, CountersAreThoseOfTheLinksOwnInterface) {
+  for (const auto& [protocol, interface] : {std::pair{"dhcp", "eth0"}, {"pppoe", "pppoe-wan"}, {"l2tp", "l2tp-wan"}}) {
+    configure("network.wan.proto", protocol);
+    commands().clear();
+    EXPECT_NE(get(WANDevice_WANCommonInterfaceConfig_TotalBytesReceived).text, "0");
+    EXPECT_EQ(commands(), std::vector<std::string>{std::string("cat /proc/net/dev|grep -w ") + interface});
+    EXPECT_EQ(run(commands()[0] + " | grep -c . | grep -qx 1"), 0) << "another interface is found too";
+  }
+}
+
+TEST_F(Lab, TheModemIsWhatItsFileSays) {
+  const struct {
+    const char* modem;
+    Answer technology, rssi, rsrp, rsrq, sinr, cell;
+  } cases[] = {
+      {"nr5g-sa", answered("NR5G-SA"), answered("23"), answered("-92"), answered("-11"), answered("18"),
+       answered("1A2B3C001")},
+      {"nr5g-nsa", answered("NR5G-NSA"), answered("23"), answered("-97"), answered("-12"), answered("14"),
+       answered("2C3D4E2")},
+      {"lte", answered("LTE"), answered("23"), answered("-101"), answered("-13"), answered("11"), answered("3D4E5F3")},
+      {"none", answered(kUntouched), answered(kUntouched), answered(kUntouched), answered(kUntouched),
+       answered(kUntouched), answered(kUntouched)},
+  };
+  for (const auto& [modem, technology, rssi, rsrp, rsrq, sinr, cell] : cases) {
+    SCOPED_TRACE(modem);
+    write_file("/etc/lab/modem", std::string(modem) + "\n");
+    EXPECT_EQ(get(Cellular_Interface_CurrentAccessTechnology), technology);
+    EXPECT_EQ(get(Cellular_Interface_RSSI), rssi);
+    EXPECT_EQ(get(Cellular_Interface_RSRP), rsrp);
+    EXPECT_EQ(get(Cellular_Interface_RSRQ), rsrq);
+    EXPECT_EQ(get(Cellular_Interface_SINR), sinr);
+    EXPECT_EQ(get(Cellular_Interface_CELLID), cell);
+  }
+}
+
+TEST_F(Lab, ACellularInterfaceThatIsSwitchedOffIsDown) {
+  EXPECT_EQ(get(Cellular_Interface_Status), answered("Up"));
+  EXPECT_EQ(set(Cellular_Interface_Enable, "0"), accepted(APPLY_CELLULAR | APPLY_MANAGEMENT));
+  EXPECT_EQ(get(Cellular_Interface_Status), answered("Down"));
+  EXPECT_EQ(get(Cellular_Interface_Enable), answered("0"));
+}
+
+struct Setting {
+  std::string key;
+  std::string value;  // as on the command line
+  const char* option;
+  std::optional<std::string> stored;
+};
+
+TEST_F(Lab, TheVerifyScriptAppliesWhatFits) {
+  const Setting settings[] = {
+      {"lan_ip", "192.168.1.2", "network.lan.ipaddr", "192.168.1.2"},
+      {"lan_mask", "255.255.0.0", "network.lan.netmask", "255.255.0.0"},
+      {"dhcps_enable", "0", "dhcp.lan.ignore", "1"},
+      {"dhcps_startip", "192.168.1.50 192.168.1.60", "dhcp.lan.limit", "11"},
+      {"dhcps_leasetime", "120", "dhcp.lan.leasetime", "120"},
+      {"dhcps_dns", "'192.0.2.1 192.0.2.2'", "dhcp.lan.dns2", "192.0.2.2"},
+      {"wan_type", "static_ip", "network.wan.proto", "static"},
+      {"wan_type", "dynamic_ip", "network.wan.proto", "dhcp"},
+      {"wan_ip", "10.0.0.2", "network.wan.ipaddr", "10.0.0.2"},
+      {"wan_mask", "255.0.0.0", "network.wan.netmask", "255.0.0.0"},
+      {"wan_gate", "10.0.0.1", "network.wan.gateway", "10.0.0.1"},
+      {"wan_dns_static", "10.0.0.3", "network.wan.static_dns2", std::nullopt},
+      {"static_mtu", "1400", "network.wan.mtu", "1400"},
+      {"dynamic_mtu", "1300", "network.wan.mtu", "1300"},
+      {"pppoe_enable", "on", "network.wan.proto", "pppoe"},
+      {"pppoe_enable", "off", "network.wan.proto", "dhcp"},
+      {"pppoe_username", "\"it's\"", "network.wan.username", "it's"},
+      {"pppoe_password", "'new secret'", "network.wan.password", "new secret"},
+      {"pppoe_servicename", "''", "network.wan.service", std::nullopt},
+      {"pppoe_access", "ac-2", "network.wan.ac", "ac-2"},
+      {"pppoe_mtu", "1400", "network.wan.pppoe_mtu", "1400"},
+  };
+  for (const Setting& setting : settings) {
+    EXPECT_EQ(verify(setting.key + " " + setting.value), "1") << setting.key;
+    EXPECT_EQ(config(setting.option), setting.stored) << setting.key;
+  }
+}
+
+TEST_F(Lab, TheVerifyScriptRefusesTheRestAndChangesNothing) {
+  const std::string network = *contents("/etc/config/network");
+  const std::string dhcp = *contents("/etc/config/dhcp");
+  for (const char* arguments :
+       {"lan_ip 192.168.1.255", "lan_mask 255.0.255.0", "dhcps_enable yes", "dhcps_startip 192.168.1.60 192.168.1.50",
+        "dhcps_endip 192.168.2.1 192.168.2.9", "dhcps_leasetime 0", "dhcps_dns none", "wan_type pppoe", "wan_ip 10.0.0",
+        "wan_mask 0.255.0.0", "wan_dns_static '1.1.1.1,2.2.2.2,3.3.3.3'", "static_mtu 1541", "dynamic_mtu x",
+        "pppoe_enable 1", "pppoe_mtu 1493", "unknown 1", "lan_ip"}) {
+    EXPECT_EQ(verify("wan_ip 192.0.2.10"), "1");
+    EXPECT_EQ(verify(arguments), "0") << arguments;
+  }
+  EXPECT_EQ(contents("/etc/config/network"), network);
+  EXPECT_EQ(contents("/etc/config/dhcp"), dhcp);
+  configure("network.lan.netmask", "nonsense");
+  EXPECT_EQ(verify("dhcps_startip 192.168.1.50 192.168.1.60"), "0");
+}
+
+}  // namespace
+}  // namespace kova::test
