@@ -100,12 +100,26 @@ TEST_F(HandlerForm, ReadOnlyHandlersRefuseEverySetWithoutTakingTheMask) {
 }
 
 TEST_F(HandlerForm, SettersThatMarkNothingNeverTakeTheMask) {
-  ShortList list(kFirstRow, "http://kick.example");
-  EXPECT_EQ(list.call(ManagementServer_KickURL, 1), 0);
-  ShortList refused(kFirstRow, "yes");
-  EXPECT_EQ(refused.call(ManagementServer_PeriodicInformEnable, 1), -1);
-  ShortList reset(kFirstRow, "0");
-  EXPECT_EQ(reset.call(ManagementServer_EnableResetFactory, 1), 0);
+  const struct {
+    parameter_handler handler;
+    const char* value;
+    int32_t result;
+  } cases[] = {{ManagementServer_KickURL, "http://kick.example", 0},
+               {ManagementServer_EnableResetFactory, "0", 0},
+               {ManagementServer_PeriodicInformEnable, "yes", -1},
+               {DeviceInfo_ProvisioningCode, "code", 0},
+               {Time_CurrentLocalTime, "2026-01-01T00:00:00", 0},
+               {Users_UserNumberOfEntries, "9", 0},
+               {X_KOVA_AppCfg_DynDnsCfg_Username, "someone", 0},
+               {X_KOVA_AppCfg_DynDnsCfg_Enable, "2", -1},
+               {Cellular_AccessPoint_APN, "apn", 0},
+               {WANDevice_WANConnectionDevice_WANIPConnection_MaxMTUSize, "1541", -1},
+               {WANDevice_WANConnectionDevice_WANPPPConnection_Username, "subscriber@isp.example", 0},
+               {NAT_PortMapping_ExternalPort, "65535", -1}};
+  for (const auto& [handler, value, result] : cases) {
+    ShortList list(kFirstRow, value);
+    EXPECT_EQ(list.call(handler, 1), result) << value;
+  }
 }
 
 TEST_F(HandlerForm, HandlersWorkOnACopyOfTheList) {

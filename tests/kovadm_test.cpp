@@ -126,6 +126,7 @@ TEST_F(Kovadm, WalksTheInstancesThatThereAre) {
   EXPECT_EQ(count("Device.Hosts.Host."), 4 * 9U);
   EXPECT_EQ(count("Device.Hosts.Host.2."), 9U);
   EXPECT_EQ(count("Device.NAT.PortMapping."), 3 * 5U);
+  EXPECT_EQ(count("Device.NAT.PortMapping"), 1 + 3 * 5U);
   // Without a counter of their own, connections are felt for.
   EXPECT_EQ(count("InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection.2.PortMapping."), 3 * 5U);
   const std::vector<std::string> names =
@@ -217,6 +218,14 @@ TEST_F(Kovadm, ExplainTellsWhatOneGetDid) {
   const Finished url = kovadm("explain " SERVER "URL");
   EXPECT_NE(url.out.find("options    cwmp.info.url = http://acs.example.net:7547/acs\n"), std::string::npos);
   EXPECT_NE(url.out.find("instances  [0, 0, 0, 0]\n"), std::string::npos);
+
+  const json servers = kovadm(
+                           "explain --json InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection.2."
+                           "DNSServers")
+                           .document();
+  EXPECT_EQ(servers["value"], "192.0.2.53,198.51.100.53");
+  EXPECT_EQ(kovadm("explain Device.DeviceInfo.Uptime").error,
+            "9005 Invalid parameter name: Device.DeviceInfo.Uptime\n     nearest: Device.DeviceInfo.UpTime\n");
 
   configure("cwmp.info.enable", "");
   const Finished missing = kovadm("explain " SERVER "EnableCWMP");

@@ -109,6 +109,13 @@ TEST_F(Store, AFailingMirrorWriteIsReportedAfterTheStoreWasCommitted) {
   EXPECT_EQ(config("cwmp.info.url"), "http://newer.example");
 }
 
+TEST_F(Store, AMirrorDirectoryThatCannotBeMadeFailsTheWrite) {
+  run("ln -s /nowhere/below /tmp/cwmp-config");
+  EXPECT_EQ(uci_raw_set_value("cwmp", "info", "url", "http://new.example"), -1);
+  EXPECT_EQ(config("cwmp.info.url"), "http://new.example");
+  EXPECT_EQ(messages().back(), "mkdir err.\n");
+}
+
 TEST_F(Store, StateFilesAreReadAndWrittenInPlace) {
   EXPECT_EQ(read(uci_raw_extract_value_By_path, "check", "result", "set_result"), kGetFailed);
   EXPECT_EQ(uci_raw_set_value_By_path("check", "result", "set_result", "1"), -1);
@@ -117,6 +124,8 @@ TEST_F(Store, StateFilesAreReadAndWrittenInPlace) {
   write_file("/tmp/tr069/check", "config check 'result'\n\toption set_result '0'\n");
   EXPECT_EQ(uci_raw_set_value_By_path("check", "result", "set_result", "1"), 0);
   EXPECT_EQ(read(uci_raw_extract_value_By_path, "check", "result", "set_result"), answered("1"));
+  EXPECT_EQ(uci_raw_set_value_By_path("check", "result", "set_result", nullptr), -1);
+  EXPECT_EQ(messages().back(), "Invalid input arg.\n\n");
   // Sections are not made here, and look-ups fail under one fixed name, options without any.
   seams().syslog.clear();
   EXPECT_EQ(uci_raw_set_value_By_path("check", "other", "set_result", "1"), -1);
@@ -136,6 +145,22 @@ TEST_F(Store, RevertDropsWhatIsSavedButNotCommitted) {
   EXPECT_EQ(messages(), (std::vector<std::string>{"Invalid input arg.\n", "uci get nopackage err\n"}));
 }
 
+TEST_F(Store, WithoutMemoryForAContextEverythingFailsInItsOwnWords) {
+  char output[8] = {};
+  seams().config_context_fails = true;
+  EXPECT_EQ(uci_raw_extract_value("cwmp", "info", "url", output), -1);
+  EXPECT_EQ(uci_raw_extract_value_By_path("check", "result", "set_result", output), -1);
+  EXPECT_EQ(uci_raw_set_value_By_path("check", "result", "set_result", "1"), -1);
+  EXPECT_EQ(uciRevert("cwmp"), -1);
+  EXPECT_EQ(uciGetProfileValue("board", "name", output, 4), -1);
+  EXPECT_EQ(messages(),
+            (std::vector<std::string>{"uci alloc ctx error.\n\n", "uci alloc ctx err.\n\n", "uci alloc ctx err.\n\n",
+                                      "uci alloc ctx err.\n\n", "uci alloc cxt error.\n\n"}));
+  EXPECT_EQ(uci_raw_set_value("cwmp", "info", "url", "lost"), -1);
+  EXPECT_TRUE(logged("uci alloc ctx error.\n\n"));
+  EXPECT_EQ(messages().back(), "FTSUC.\n\n");
+}
+
 TEST_F(Store, ProfileValuesAreCutAndTerminatedOnePastTheUsualPlace) {
   write_file("/etc/profile.d/profile",
              "config board\n\toption name 'router'\n\tlist l '1'\nconfig board\n\toption name 'x'\n");
@@ -152,6 +177,9 @@ TEST_F(Store, ProfileValuesAreCutAndTerminatedOnePastTheUsualPlace) {
   EXPECT_EQ(uciGetProfileValue("board", "l", output.data(), 8), -1);
   EXPECT_EQ(output, std::string(12, '#'));
   EXPECT_TRUE(logged("uci lookup error:board.none\n\n"));
+  run("rm /etc/profile.d/profile");
+  EXPECT_EQ(uciGetProfileValue("board", "name", output.data(), 8), -1);
+  EXPECT_EQ(messages().back(), "uci load error.\n\n");
   EXPECT_TRUE(logged("Invalid input arg.\n\n"));
 }
 

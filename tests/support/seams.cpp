@@ -5,6 +5,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <syslog.h>
+#include <uci.h>
 
 #include <set>
 
@@ -50,7 +51,7 @@ int run(const std::string& command) {
 
 using kova::test::seams;
 
-// The declarations are the C library's, and so are their parameter names.
+// The declarations are the C library's and the platform's, and so are their parameter names.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
@@ -76,6 +77,11 @@ int system(const char* command) {
   seams().commands.emplace_back(command);
   const int* status = seams().system_status ? seams().system_status(command) : nullptr;
   return status != nullptr ? *status : kova::test::run(command);
+}
+
+uci_context* uci_alloc_context() {
+  static const auto real = reinterpret_cast<uci_context* (*)()>(dlsym(RTLD_NEXT, "uci_alloc_context"));
+  return seams().config_context_fails ? nullptr : real();
 }
 
 void vsyslog(int priority, const char* format, va_list arguments) {

@@ -19,6 +19,9 @@ struct Seams {
   // system: the status to return in place of running the command; nullptr runs it.
   std::function<const int*(const std::string& command)> system_status;
 
+  // uci_alloc_context: out of memory.
+  bool config_context_fails = false;
+
   // Makes popen of this very command print `output`. Other commands run as before.
   void answer(const std::string& command, const std::string& output);
 };
