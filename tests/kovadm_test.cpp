@@ -54,6 +54,30 @@ class Kovadm : public DeviceTest {
   }
 };
 
+// The text without blanks at the ends of its lines, which documents do without.
+std::string trimmed(const std::string& text) {
+  static const std::regex blanks(" +\n");
+  return std::regex_replace(text, blanks, "\n");
+}
+
+TEST_F(Kovadm, DoesWhatItsPageShows) {
+  std::istringstream page(*contents(KOVADM_PAGE));
+  const std::string indent = "    ";
+  const std::string prompt = indent + "$ ";
+  int examples = 0;
+  for (std::string line; std::getline(page, line);) {
+    if (!line.starts_with(prompt)) continue;
+    ASSERT_EQ(run("/sbin/lab-reset"), 0);
+    const std::string command = line.substr(prompt.size());
+    std::string shown;
+    while (std::getline(page, line) && line.starts_with(indent)) shown += line.substr(indent.size()) + "\n";
+    run(command + " >/root/out 2>&1");
+    EXPECT_EQ(trimmed(*contents("/root/out")), trimmed(shown)) << command;
+    ++examples;
+  }
+  EXPECT_GE(examples, 10);
+}
+
 // ---- Reading ----
 
 TEST_F(Kovadm, ListsTheCatalogueBelowABeginningOfPaths) {
