@@ -142,6 +142,7 @@ TEST_F(Kovadm, WalksEveryParameterOfTheDevice) {
   std::set<std::string> listed;
   const json list = kovadm("list --json").document();
   for (const json& parameter : list["parameters"]) listed.insert(parameter["path"]);
+  if (!has_leds()) std::erase_if(listed, [](const std::string& path) { return path.starts_with("Device.LEDs.LED."); });
   EXPECT_EQ(walked, listed);
 }
 

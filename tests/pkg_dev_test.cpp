@@ -205,6 +205,7 @@ TEST_F(Leds, AreSwitchedOnlyWhereTheBoardCan) {
 }
 
 TEST_F(Leds, AreTheKernelsInOrder) {
+  if (!has_leds()) GTEST_SKIP() << "the router runs in place, without LEDs";
   const int count = std::stoi(get(LEDs_LEDNumberOfEntries).text);
   EXPECT_GT(count, 0);
   EXPECT_NE(get(LEDs_LED_Name, {1}), answered("led"));

@@ -39,6 +39,9 @@ class DeviceTest : public testing::Test {
   static std::vector<std::string> messages();
   static bool logged(const std::string& message);
   static std::vector<std::string>& commands() { return seams().commands; }
+
+  // Whether the lab could give the router its LEDs; not where it runs in place.
+  static bool has_leds() { return contents("/sys/class/leds/power/brightness").has_value(); }
 };
 
 }  // namespace kova::test
