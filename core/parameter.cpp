@@ -8,6 +8,12 @@
 
 namespace kova {
 
+Call::Call(int32_t operation, va_list arguments, Origin origin) : origin_(origin), is_get_(operation == 0) {
+  va_copy(arguments_, arguments);
+  instances_ = va_arg(arguments_, const int32_t*);
+  text_ = va_arg(arguments_, char*);
+}
+
 int Call::reply(const char* text) {
   strcpy(text_, text);  // the agent's buffer holds any value of the parameter, by agreement
   return SUCCESS;

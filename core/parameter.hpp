@@ -24,11 +24,7 @@ inline constexpr int FAILURE = -1;
 class Call {
  public:
   // `arguments` is copied, never shared; `origin` is the parameter's line, under which its words log.
-  Call(int32_t operation, va_list arguments, Origin origin) : origin_(origin), is_get_(operation == 0) {
-    va_copy(arguments_, arguments);
-    instances_ = va_arg(arguments_, const int32_t*);
-    text_ = va_arg(arguments_, char*);
-  }
+  Call(int32_t operation, va_list arguments, Origin origin);
   ~Call() { va_end(arguments_); }
   Call(const Call&) = delete;
   Call& operator=(const Call&) = delete;

@@ -87,18 +87,6 @@ TEST_F(Cellular, FixedTexts) {
   EXPECT_EQ(get(Cellular_AccessPoint_Enable), answered("1"));
 }
 
-TEST_F(Cellular, ReadOnlyParametersRefuseEverySet) {
-  const parameter_handler read_only[] = {
-      Cellular_RoamingStatus,       Cellular_InterfaceNumberOfEntries, Cellular_AccessPointNumberOfEntries,
-      Cellular_Interface_Status,    Cellular_Interface_IPAddress,      Cellular_Interface_SubnetMask,
-      Cellular_Interface_IMEI,      Cellular_Interface_AddressingType, Cellular_Interface_CurrentAccessTechnology,
-      Cellular_Interface_USIM_IMSI, Cellular_Interface_USIM_ICCID,     Cellular_Interface_RSSI,
-      Cellular_Interface_RSRP,      Cellular_Interface_RSRQ,           Cellular_Interface_SINR,
-      Cellular_Interface_CELLID,    Cellular_AccessPoint_Interface};
-  for (const parameter_handler handler : read_only) EXPECT_EQ(set(handler, "1"), kRefused);
-  for (const parameter_handler counter : kCounters) EXPECT_EQ(set(counter, "1"), kRefused);
-}
-
 TEST_F(Cellular, SwitchesAreReadFromTheStore) {
   const struct {
     parameter_handler handler;

@@ -202,12 +202,5 @@ TEST_F(WanIp, RefusedValuesAreNotRecorded) {
   expect_refused(refusals);
 }
 
-TEST_F(WanIp, StateIsReadOnly) {
-  for (const parameter_handler handler :
-       {ETHERNET(Status), ETHERNET(MACAddress), IP(Name), IP(ConnectionStatus), IP(Uptime), IP(MACAddress)})
-    EXPECT_EQ(set(handler, "1"), kRefused);
-  EXPECT_EQ(task_record(), "");
-}
-
 }  // namespace
 }  // namespace kova::test

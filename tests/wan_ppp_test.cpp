@@ -208,13 +208,5 @@ TEST_F(WanPpp, RefusedValuesAreNotRecorded) {
   expect_refused(refusals);
 }
 
-TEST_F(WanPpp, StateIsReadOnly) {
-  for (const parameter_handler handler : {PPP(CurrentMRUSize), PPP(Name), PPP(ConnectionType), PPP(TransportType),
-                                          PPP(ConnectionStatus), PPP(Uptime), PPP(MACAddress), PPP(DefaultGateway),
-                                          PPP(ExternalIPAddress), PPP(RemoteIPAddress), PPP(PPPAuthenticationProtocol)})
-    EXPECT_EQ(set(handler, "1"), kRefused);
-  EXPECT_EQ(task_record(), "");
-}
-
 }  // namespace
 }  // namespace kova::test
