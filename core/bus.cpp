@@ -91,14 +91,16 @@ blob_attr* field_of_first(blob_attr* array, const char* name, enum blobmsg_type 
 void write_joined(const StatusQuery& query, blob_attr* array) {
   if (array == nullptr) return;
   size_t used = 0;
+  const char* separator = "";
   blob_attr* element = nullptr;
   size_t rest = 0;
   blobmsg_for_each_attr(element, array, rest) {
     if (blobmsg_type(element) != BLOBMSG_TYPE_STRING || !blobmsg_check_attr(element, false)) return;
     const std::span<char> left = query.output.subspan(used);
-    const int length = snprintf(left.data(), left.size(), "%s%s", used == 0 ? "" : ",", blobmsg_get_string(element));
+    const int length = snprintf(left.data(), left.size(), "%s%s", separator, blobmsg_get_string(element));
     if (length < 0 || static_cast<size_t>(length) >= left.size()) return;
     used += static_cast<size_t>(length);
+    separator = ",";
   }
 }
 

@@ -128,6 +128,14 @@ TEST_F(DynamicDns, AStoreThatCannotBeWrittenFailsTheSet) {
   EXPECT_EQ(set(X_KOVA_AppCfg_NoipDnsCfg_WANIPBinding, "1"), kRefused);
 }
 
+TEST_F(DynamicDns, AProviderThatCannotBeMadeTheActiveOneFailsTheSet) {
+  seams().on_log = [](const std::string& message) {
+    if (message.ends_with("uci set ddns.provider.provider=noip.\n\n")) run("rm -f /etc/config/ddns");
+  };
+  EXPECT_EQ(set(X_KOVA_AppCfg_NoipDnsCfg_Login, "1"), kRefused);
+  EXPECT_EQ(mirror("ddns.noip.enabled"), "on");
+}
+
 // ---- LAN Ethernet ----
 
 class LanEthernet : public DeviceTest {

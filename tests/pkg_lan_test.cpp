@@ -58,6 +58,7 @@ TEST_F(LanAddress, OnlyDottedQuadsAreRecorded) {
 }
 
 TEST_F(LanAddress, MacIsTheBridgesForTheOneInterfaceThereIs) {
+  if (!has_network()) GTEST_SKIP() << "the router runs in place, without interfaces";
   const parameter_handler handler = LANDevice_LANHostConfigManagement_IPInterface_MACAddress;
   EXPECT_EQ(get(handler, {1, 1}).text.size(), std::string("02:A4:F1:00:00:01").size());
   EXPECT_EQ(get(handler, {1, 2}), kGetFailed);

@@ -74,7 +74,7 @@ TEST_F(ManagementServer, AnswersFromTheRunningAgent) {
   agent.stun_min_keepalive = 30;
   agent.stun_server_port = 3478;
   std::string("stun user").copy(agent.stun_username, 63);
-  std::string(63, 'p').copy(agent.stun_password, 63);
+  std::string(64, 'p').copy(agent.stun_password, 64);  // fills its field, without a terminator
   std::string("198.51.100.7:49152").copy(agent.udp_connection_request_address, 63);
   std::string("stun.example").copy(agent.stun_server_address, 63);
 
@@ -85,7 +85,7 @@ TEST_F(ManagementServer, AnswersFromTheRunningAgent) {
   EXPECT_EQ(get(ManagementServer_STUNServerAddress, agent), answered("stun.example"));
   EXPECT_EQ(get(ManagementServer_STUNServerPort, agent), answered("3478"));
   EXPECT_EQ(get(ManagementServer_STUNUsername, agent), answered("stun user"));
-  EXPECT_EQ(get(ManagementServer_STUNPassword, agent), answered(std::string(63, 'p')));
+  EXPECT_EQ(get(ManagementServer_STUNPassword, agent), answered(std::string(64, 'p')));
   EXPECT_EQ(get(ManagementServer_STUNMinimumKeepAlivePeriod, agent), answered("30"));
   EXPECT_EQ(get(ManagementServer_STUNMaximumKeepAlivePeriod, agent), answered("40000"));
   agent.nat_detected = 2;
@@ -125,6 +125,8 @@ TEST_F(ManagementServer, FactoryResetIsAllowedUnlessSwitchedOff) {
   EXPECT_EQ(set(ManagementServer_EnableResetFactory, "0"), accepted());
   EXPECT_EQ(config("cwmp.info.reset_factory"), "off");
   EXPECT_EQ(get(ManagementServer_EnableResetFactory), answered("0"));
+  configure("cwmp.info.reset_factory", "maybe");
+  EXPECT_EQ(get(ManagementServer_EnableResetFactory), answered("0"));
   EXPECT_EQ(set(ManagementServer_EnableResetFactory, "maybe"), kRefused);
   EXPECT_TRUE(logged("ECRF.maybe\n\n"));
   EXPECT_EQ(set(ManagementServer_EnableResetFactory, "1"), accepted());
@@ -133,8 +135,12 @@ TEST_F(ManagementServer, FactoryResetIsAllowedUnlessSwitchedOff) {
 
 TEST_F(ManagementServer, TheServerIsToldOfAChangeEvenWhenTheStoreRefusedIt) {
   run("rm /etc/config/cwmp");
-  EXPECT_EQ(set(ManagementServer_URL, "http://lost.example"), accepted(APPLY_MANAGEMENT));
-  EXPECT_TRUE(logged("FTSUC.\n\n"));
+  for (const Setting& setting : kStoredSettings) EXPECT_EQ(set(setting.handler, "lost"), accepted(APPLY_MANAGEMENT));
+  for (const Setting& setting : kAgentSettings) EXPECT_EQ(set(setting.handler, "1"), accepted(APPLY_MANAGEMENT));
+  EXPECT_EQ(set(ManagementServer_PeriodicInformEnable, "1"), accepted(APPLY_MANAGEMENT));
+  EXPECT_EQ(set(ManagementServer_EnableCWMP, "1"), accepted(APPLY_MANAGEMENT));
+  EXPECT_EQ(set(ManagementServer_EnableResetFactory, "1"), accepted());
+  EXPECT_EQ(messages().back(), "FTSUC.\n\n");
 }
 
 TEST_F(ManagementServer, KickUrlAndParameterKey) {

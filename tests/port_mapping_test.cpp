@@ -75,16 +75,13 @@ TEST_F(PortMapping, AreTheRedirectSections) {
   for (const Field& field : kFields) {
     EXPECT_EQ(get(field.nat, {2}), answered(field.second));
     EXPECT_EQ(get(field.nat, {3}), answered(""));
-    for (const int32_t nowhere : {4, -1}) EXPECT_EQ(get(field.nat, {nowhere}), kGetFailed);
+    for (const int32_t nowhere : {4, 0, -1}) EXPECT_EQ(get(field.nat, {nowhere}), kGetFailed);
     for (const parameter_handler handler : field.wan) {
       EXPECT_EQ(get(handler, below_wan(2)), answered(field.second));
       EXPECT_EQ(get(handler, below_wan(3)), answered(""));
     }
-    EXPECT_TRUE(messages().empty());
-    EXPECT_EQ(get(field.nat, {0}), kGetFailed);
-    EXPECT_EQ(messages(), std::vector<std::string>{"LE\n"});
-    seams().syslog.clear();
   }
+  EXPECT_TRUE(messages().empty());
 }
 
 TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedOnce) {
@@ -118,6 +115,7 @@ TEST_F(PortMapping, ValuesAreCheckedBeforeAnythingElse) {
   } refused[] = {{NAT_PortMapping_ExternalPort, "0", nullptr},
                  {NAT_PortMapping_ExternalPort, "65535", nullptr},
                  {NAT_PortMapping_ExternalPort, "", nullptr},
+                 {NAT_PortMapping_ExternalPort, "4294967376", nullptr},
                  {NAT_PortMapping_InternalPort, "65535", nullptr},
                  {NAT_PortMapping_InternalPort, "http", nullptr},
                  {NAT_PortMapping_Protocol, "tcpudp", nullptr},

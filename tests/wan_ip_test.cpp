@@ -66,10 +66,10 @@ TEST_F(WanIp, ThePortIsUpWithTheLink) {
 TEST_F(WanIp, MacIsThatOfTheAgentsInterface) {
   agent_state agent = running_agent();
   for (const parameter_handler handler : {IP(MACAddress), ETHERNET(MACAddress)}) {
+    agent.wan_interface = "eth0";
     run("rm -rf /etc/lab/bus/network.device");
     EXPECT_EQ(get(handler, agent), answered("0:0:0:0:0:0"));
     devices_are(R"([{"when": {"name": "eth0"}, "reply": {"macaddr": "02:a4:f1:00:00:02"}}, {"reply": {}}])");
-    agent.wan_interface = "eth0";
     seams().syslog.clear();
     EXPECT_EQ(get(handler, agent), answered("02:a4:f1:00:00:02"));
     EXPECT_EQ(messages(), std::vector<std::string>{"current wan intf:eth0\n\n"});
@@ -164,6 +164,10 @@ TEST_F(WanIp, DhcpDnsServersAreThoseOfTheFirstDaemon) {
   EXPECT_EQ(messages().back(), "[ERR]uci failed to get server option\n");
   EXPECT_EQ(get_with(""), answered("0.0.0.0,0.0.0.0"));
   EXPECT_EQ(messages().back(), "[ERR]uci failed to get option dnsmasq\n");
+  seams().config_context_fails = true;
+  EXPECT_EQ(get(IP(DNSServers), kDhcp), kGetFailed);
+  EXPECT_EQ(messages().back(), "[ERR]failed to alloc uci ctx.\n");
+  seams().config_context_fails = false;
   run("rm /etc/config/dhcp");
   EXPECT_EQ(get(IP(DNSServers), kDhcp), kGetFailed);
   EXPECT_EQ(messages().back(), "[ERR]uci failed to load config:dhcp\n");
@@ -195,6 +199,7 @@ TEST_F(WanIp, RefusedValuesAreNotRecorded) {
       {IP(MaxMTUSize), kStatic, "0", nullptr},
       {IP(MaxMTUSize), kDhcp, "1541", nullptr},
       {IP(MaxMTUSize), kDhcp, "-1500", nullptr},
+      {IP(MaxMTUSize), kDhcp, "4294968796", nullptr},
       {IP(MaxMTUSize), kDhcp, "MTU 1500", nullptr},
       {IP(MaxMTUSize), {1, 1, 3}, "1541", nullptr},
       {IP(MaxMTUSize), {1, 1, 3}, "1500", "mal format MTU.\n"},

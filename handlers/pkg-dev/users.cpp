@@ -26,40 +26,44 @@ int number_of_users(Call& call) {
   return call.reply_number(count);
 }
 
-// The name of the user that the call's row is; FAILURE when there is none.
-int find_user(const Call& call, std::span<char> username) {
-  const int32_t wanted = call.instance(0);
-  if (wanted == 0) {
+// The name of the user with this number, counted from 1; nullptr when there is none.
+const char* nth_user(const WalkedPackage& accounts, int32_t number) {
+  int32_t count = 0;
+  for (uci_section* login : accounts.sections("login")) {
+    const char* name = shown_name(accounts, login);
+    if (name != nullptr && ++count == number) return name;
+  }
+  return nullptr;
+}
+
+// What `action` does with the name of the user that the call's row is; FAILURE when there is none.
+int for_user(Call& call, int (*action)(Call& call, const char* name)) {
+  if (call.instance(0) == 0) {
     LOG("LE\n");
     return FAILURE;
   }
   const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
   if (!accounts) return FAILURE;
-  int32_t count = 0;
-  for (uci_section* login : accounts.sections("login")) {
-    const char* name = shown_name(accounts, login);
-    if (name == nullptr || ++count != wanted) continue;
-    copy_text(username, name);
-    return SUCCESS;
-  }
-  return FAILURE;
+  const char* name = nth_user(accounts, call.instance(0));
+  return name != nullptr ? action(call, name) : FAILURE;
 }
 
 int username(Call& call) {
-  Text<256> name;
-  return find_user(call, name.span()) == SUCCESS ? call.reply(name.c_str()) : FAILURE;
+  return for_user(call, [](Call& row, const char* name) { return row.reply(name); });
 }
 
 // Name and password reach the script as words of its command line, unquoted.
+int run_password_script(Call& call, const char* name) {
+  Text<511> command;
+  command.print("/usr/bin/tr069/cwmp-user %s %s", name, call.value());
+  cwmp_system(command.c_str());
+  return SUCCESS;
+}
+
 int set_password(Call& call) {
   const size_t length = strlen(call.value());
   if (length < 8 || length > 64) return FAILURE;
-  Text<256> name;
-  if (find_user(call, name.span()) != SUCCESS) return FAILURE;
-  Text<511> command;
-  command.print("/usr/bin/tr069/cwmp-user %s %s", name.c_str(), call.value());
-  cwmp_system(command.c_str());
-  return SUCCESS;
+  return for_user(call, run_password_script);
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
 // ManagementServer: the agent's own settings, and what the running agent makes of them.
+#include <string.h>
+
 #include "parameter.hpp"
 #include "pkg-mgmt.h"
 #include "text.hpp"
@@ -70,8 +72,13 @@ constexpr auto agent_number(Number agent_state::*field) {
   return [=](Call& call) { return call.reply_number(call.agent().*field); };
 }
 
+// A text that fills its field need not be terminated there.
+int reply_agent_text(Call& call, const char (&field)[64]) {
+  return call.reply(Text<sizeof field + 1>({field, strnlen(field, sizeof field)}).c_str());
+}
+
 constexpr auto agent_text(char (agent_state::*field)[64]) {
-  return [=](Call& call) { return call.reply(call.agent().*field); };
+  return [=](Call& call) { return reply_agent_text(call, call.agent().*field); };
 }
 
 int nat_detected(Call& call) { return call.reply(call.agent().nat_detected == 1 ? "1" : "0"); }

@@ -24,10 +24,6 @@ int number_of_mappings(Call& call) {
 }
 
 int reply_field(Call& call, int32_t number, const char* option) {
-  if (number == 0) {
-    LOG("LE\n");
-    return FAILURE;
-  }
   const WalkedPackage firewall("firewall", HERE, kNoFirewall);
   if (!firewall) return FAILURE;
   uci_section* mapping = firewall.sections("redirect").nth(number);

@@ -7,7 +7,7 @@ namespace kova {
 int read_protocol(Protocol& protocol) { return read_option(wan, "proto", protocol.span()); }
 
 bool number_between(const char* text, int lowest, int highest) {
-  const int number = atoi(text);
+  const long number = strtol(text, nullptr, 10);
   return number >= lowest && number <= highest;
 }
 

@@ -71,6 +71,7 @@ constexpr auto address_later(const char* form, const char* key, LogMessage malfo
 
 int mac_address(Call& call) {
   const char* interface = call.agent().wan_interface;
+  if (interface == nullptr) interface = "";
   LOG("current wan intf:%s\n\n", interface);
   return reply_device_mac(call, interface);
 }
@@ -90,10 +91,11 @@ int static_servers(Call& call) {
 int reply_joined(Call& call, uci_option* list) {
   char* end = call.output();
   *end = '\0';
+  const char* separator = "";
   uci_element* element = nullptr;
   uci_foreach_element(&list->v.list, element) {
-    if (end != call.output()) end = stpcpy(end, ",");
-    end = stpcpy(end, element->name);
+    end = stpcpy(stpcpy(end, separator), element->name);
+    separator = ",";
   }
   return SUCCESS;
 }

@@ -34,7 +34,9 @@ int reply_called(Call& call, const Protocol& protocol, const char* Called::*word
 }
 
 constexpr auto running_protocol(const char* Called::*word) {
-  return [=](Call& call) { return reply_called(call, interface_status<Protocol::capacity()>(kWan, INTERFACE_PROTO), word); };
+  return [=](Call& call) {
+    return reply_called(call, interface_status<Protocol::capacity()>(kWan, INTERFACE_PROTO), word);
+  };
 }
 
 int name(Call& call) {

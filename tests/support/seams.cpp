@@ -85,7 +85,9 @@ uci_context* uci_alloc_context() {
 }
 
 void vsyslog(int priority, const char* format, va_list arguments) {
-  if (priority == LOG_INFO) seams().syslog.push_back(kova::test::formatted(format, arguments));
+  if (priority != LOG_INFO) return;
+  seams().syslog.push_back(kova::test::formatted(format, arguments));
+  if (seams().on_log) seams().on_log(seams().syslog.back());
 }
 
 int vfprintf(FILE* stream, const char* format, va_list arguments) {

@@ -12,6 +12,7 @@ struct Seams {
   std::vector<std::string> commands;  // given to popen and system, in order
   std::vector<std::string> syslog;    // messages as written to the system log
   std::vector<std::string> stderr_log;
+  std::function<void(const std::string& message)> on_log;  // at a message: something happens to the router
 
   // popen: what a command prints, in place of running it; nullptr runs it.
   std::function<const std::string*(const std::string& command)> popen_answer;
