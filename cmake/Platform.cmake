@@ -25,16 +25,16 @@ elseif(NOT KOVA_PLATFORM MATCHES "^(auto|system|standin)$")
   message(FATAL_ERROR "KOVA_PLATFORM is auto, system or standin, not ${KOVA_PLATFORM}")
 endif()
 
-# The stand-ins read JSON with a header-only library, which serves cross builds too.
-find_path(KOVA_JSON_INCLUDE nlohmann/json.hpp HINTS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
-
 if(system_platform AND NOT KOVA_PLATFORM STREQUAL "standin")
   message(STATUS "Platform libraries: the system's")
   target_include_directories(platform-headers SYSTEM INTERFACE ${KOVA_UCI_INCLUDE} ${KOVA_UBOX_INCLUDE}
                                                                ${KOVA_UBUS_INCLUDE})
   set(platform ${KOVA_UCI_LIBRARY} ${KOVA_UBUS_LIBRARY} ${KOVA_UBOX_LIBRARY})
 else()
+  set(KOVA_STANDINS TRUE)
   message(STATUS "Platform libraries: stand-ins, for development only")
+  # They read JSON with a header-only library, which serves cross builds too.
+  find_path(KOVA_JSON_INCLUDE nlohmann/json.hpp HINTS /usr/include NO_CMAKE_FIND_ROOT_PATH REQUIRED)
   add_subdirectory(${CMAKE_CURRENT_LIST_DIR}/../lab/platform lab/platform)
   foreach(library uci ubox ubus)
     target_include_directories(platform-headers SYSTEM

@@ -16,7 +16,8 @@ endforeach()
 target_include_directories(kova-datamodel PUBLIC core handlers)
 target_link_libraries(kova-datamodel PRIVATE platform-headers)
 target_compile_options(kova-datamodel PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
-                                              -fno-asynchronous-unwind-tables)
+                                              -fno-asynchronous-unwind-tables
+                                              -U_GLIBCXX_ASSERTIONS -D_GLIBCXX_NO_ASSERTIONS)
 # Linked as C: when loaded it needs libc and nothing else. What it takes from the platform libraries stays undefined
 # until the agent's process, which has them, loads it.
 set_target_properties(kova-datamodel PROPERTIES LINKER_LANGUAGE C CXX_VISIBILITY_PRESET hidden

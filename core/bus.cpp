@@ -81,8 +81,9 @@ blob_attr* field_of_first(blob_attr* array, const char* name, enum blobmsg_type 
   blob_attr* element = nullptr;
   size_t rest = 0;
   blobmsg_for_each_attr(element, array, rest) {
+    if (blobmsg_type(element) != BLOBMSG_TYPE_TABLE || !blobmsg_check_attr(element, false)) return nullptr;
     bool parsed = false;
-    return blobmsg_type(element) == BLOBMSG_TYPE_TABLE ? inner_field(element, name, type, parsed) : nullptr;
+    return inner_field(element, name, type, parsed);
   }
   return nullptr;
 }

@@ -1,6 +1,5 @@
 // The channels that a radio supports.
 #include <ctype.h>
-#include <stdlib.h>
 #include <string.h>
 
 #include "command.hpp"
@@ -43,13 +42,13 @@ int32_t GetChannelPoll(int32_t mode, const void* /*unused*/, char* channel, cons
   Text<256> line;
   pipe.read_line(line.span());
 
-  const int wanted = mode != 0 ? atoi(channel) : 0;
+  const int wanted = mode != 0 ? leading_integer(channel) : 0;
   Text<512> list;
   char* end = list.data();
   char* rest = nullptr;
   const char* token = strtok_r(line.data(), " ", &rest);
   for (int count = 0; token != nullptr && count < kMostChannels; ++count, token = strtok_r(nullptr, " ", &rest)) {
-    const int number = atoi(token);
+    const int number = leading_integer(token);
     if (mode != 0 && number == wanted && number != 0) return mode;
     for (; isdigit(static_cast<unsigned char>(*token)) != 0; ++token) *end++ = *token;
     *end++ = ' ';

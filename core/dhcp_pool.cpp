@@ -1,6 +1,4 @@
 // The DHCP server's address pool.
-#include <stdlib.h>
-
 #include <algorithm>
 
 #include "log.hpp"
@@ -22,7 +20,7 @@ struct Lan {
   bool has(PoolAddress other) const { return (other & mask) == (address & mask); }
 };
 
-uint32_t number(const char* text) { return static_cast<uint32_t>(atoi(text)); }
+uint32_t number(const char* text) { return static_cast<uint32_t>(leading_integer(text)); }
 
 // SUCCESS, or FAILURE after logging why.
 int read_lan(Lan& lan) {

@@ -270,7 +270,7 @@ KOVA_API int32_t get_mac_last(char* output, int32_t length);
 /*
  * The channels that a radio supports. `instances` names the radio's network as WLANConfiguration does, (1, i) or (i,
  * 0); `variant` 0 is its main network, 1 its extra one. With mode 0 `channel` receives the list, a space after each
- * number (256 bytes are enough), and 0 is returned; with another mode `channel` holds a number, and the result is the
+ * number (512 bytes are enough), and 0 is returned; with another mode `channel` holds a number, and the result is the
  * mode when the radio supports it, else 0. -1 for no such network, or one without an interface.
  */
 KOVA_API int32_t GetChannelPoll(int32_t mode, const void* unused, char* channel, const int32_t* instances,

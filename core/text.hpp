@@ -3,6 +3,7 @@
 
 #include <stdarg.h>
 #include <stdio.h>
+#include <stdlib.h>
 
 #include <cstddef>
 #include <span>
@@ -18,6 +19,9 @@ inline void copy_text(std::span<char> target, std::string_view source) {
   const std::size_t length = source.copy(target.data(), target.size() - 1);
   target[length] = '\0';
 }
+
+// The integer that a text begins with, 0 without one. As atoi, but one that does not fit has its low bits, everywhere.
+inline int leading_integer(const char* text) { return static_cast<int>(strtol(text, nullptr, 10)); }
 
 // A NUL-terminated text of at most Size - 1 characters, empty at first.
 template <std::size_t Size>

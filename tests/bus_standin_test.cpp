@@ -1,6 +1,8 @@
 // The libubox and libubus stand-ins: messages, exact types, answers from files.
 #include <gtest/gtest.h>
+extern "C" {
 #include <libubus.h>
+}
 #include <sys/stat.h>
 
 #include <cstring>

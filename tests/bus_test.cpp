@@ -1,12 +1,22 @@
 // Status queries over the bus.
+extern "C" {
 #include <libubus.h>
+}
 
+#include <dlfcn.h>
+
+#include <algorithm>
 #include <array>
+#include <cstring>
+#include <functional>
 
 #include "support/device.hpp"
 
 namespace kova::test {
 namespace {
+
+// Answers a call in place of the bus.
+std::function<void(ubus_data_handler_t handler, void* context, int timeout)> in_place_of_replies;
 
 class Bus : public DeviceTest {
  protected:
@@ -21,8 +31,11 @@ class Bus : public DeviceTest {
   using Query = int32_t (*)(const char*, uint32_t, char*, int32_t);
   static Answer ask(Query query, const char* name, uint32_t code, int32_t length = 64) {
     std::array<char, 64> output = {};
-    kUntouched.copy(output.data(), kUntouched.size());
+    output.fill('#');
+    strcpy(output.data(), kUntouched.c_str());
     const int32_t result = query(name, code, output.data(), length);
+    const auto behind = std::max<std::ptrdiff_t>(length, static_cast<std::ptrdiff_t>(kUntouched.size()) + 1);
+    EXPECT_TRUE(std::all_of(output.begin() + behind, output.end(), [](char c) { return c == '#'; }));
     return {result, output.data()};
   }
   static Answer interface(uint32_t code, int32_t length = 64) {
@@ -34,18 +47,18 @@ class Bus : public DeviceTest {
 const Answer kNothingWritten = answered(kUntouched);
 
 TEST_F(Bus, EveryFieldOfAnInterface) {
-  interface_answers(R"({"up": true, "uptime": 4000000, "device": "eth0", "l3_device": "pppoe-wan", "proto": "pppoe",
+  interface_answers(R"({"up": true, "uptime": 4000000000, "device": "eth0", "l3_device": "pppoe-wan", "proto": "pppoe",
       "ipv4-address": [{"address": "192.0.2.5", "mask": 23}, {"address": "192.0.2.6", "mask": 24}],
-      "route": [{"target": "0.0.0.0", "nexthop": "192.0.2.1"}], "dns-server": ["192.0.2.53", "198.51.100.53"]})");
+      "route": [{"target": "0.0.0.0", "nexthop": "192.0.2.1"}], "dns-server": ["192.0.2.53", "198.51.100.53", "192.0.2.54"]})");
   const std::pair<uint32_t, const char*> fields[] = {{INTERFACE_UP, "1"},
-                                                     {INTERFACE_UPTIME, "4000000"},
+                                                     {INTERFACE_UPTIME, "4000000000"},
                                                      {INTERFACE_DEVICE, "eth0"},
                                                      {INTERFACE_PROTO, "pppoe"},
                                                      {INTERFACE_L3_DEVICE, "pppoe-wan"},
                                                      {INTERFACE_ADDRESS, "192.0.2.5"},
                                                      {INTERFACE_MASK, "255.255.254.0"},
                                                      {INTERFACE_NEXTHOP, "192.0.2.1"},
-                                                     {INTERFACE_DNS_SERVERS, "192.0.2.53,198.51.100.53"}};
+                                                     {INTERFACE_DNS_SERVERS, "192.0.2.53,198.51.100.53,192.0.2.54"}};
   for (const auto& [code, text] : fields) EXPECT_EQ(interface(code), answered(text)) << code;
   for (const uint32_t code : {9U, 16U, 17U, 0xffffffffU}) EXPECT_EQ(interface(code), kNothingWritten) << code;
   EXPECT_EQ(interface(INTERFACE_L3_DEVICE, 6), answered("pppoe"));
@@ -66,6 +79,69 @@ TEST_F(Bus, MissingEmptyOrMistypedFieldsLeaveTheBufferUntouched) {
   }
   interface_answers(R"({"dns-server": ["192.0.2.53", 53, "192.0.2.54"]})");
   EXPECT_EQ(interface(INTERFACE_DNS_SERVERS), answered("192.0.2.53"));
+  interface_answers(R"({"dns-server": ["", "192.0.2.53"]})");
+  EXPECT_EQ(interface(INTERFACE_DNS_SERVERS), answered(",192.0.2.53"));
+}
+
+// A reply as another program may have spoilt it, handed to the plug-in in place of the bus's.
+class SpoiltReply : public Bus {
+ protected:
+  void SetUp() override {
+    Bus::SetUp();
+    interface_answers("{}");
+    device_answers("{}");
+    blob_buf_init(&message_, 0);
+    in_place_of_replies = [this](ubus_data_handler_t handler, void* context, int timeout) {
+      EXPECT_EQ(timeout, 3000);
+      ubus_request request = {};
+      request.priv = context;
+      handler(&request, 0, has_message_ ? message_.head : nullptr);
+    };
+  }
+  void TearDown() override {
+    in_place_of_replies = nullptr;
+    blob_buf_free(&message_);
+  }
+
+  // An array whose one element claims a longer name than it has room for.
+  void add_spoilt_array(const char* name) {
+    void* array = blobmsg_open_array(&message_, name);
+    const size_t element = blob_raw_len(message_.head);
+    blobmsg_close_table(&message_, blobmsg_open_table(&message_, ""));
+    blobmsg_close_array(&message_, array);
+    reinterpret_cast<char*>(message_.head)[element + sizeof(blob_attr)] = '\x7f';
+  }
+
+  blob_buf message_ = {};
+  bool has_message_ = true;
+};
+
+TEST_F(SpoiltReply, WithoutAnythingInItWritesNothing) {
+  EXPECT_EQ(interface(INTERFACE_UP), kNothingWritten);
+  EXPECT_EQ(device(DEVICE_MAC), kNothingWritten);
+  EXPECT_EQ(messages(), std::vector<std::string>(2, "blob parsed error\n"));
+  has_message_ = false;
+  EXPECT_EQ(interface(INTERFACE_UP), kNothingWritten);
+  EXPECT_EQ(messages().back(), "NP\n");
+}
+
+TEST_F(SpoiltReply, IsNotTrustedFurtherInEither) {
+  for (const char* array : {"ipv4-address", "route", "dns-server"}) add_spoilt_array(array);
+  for (const uint32_t code : {INTERFACE_ADDRESS, INTERFACE_MASK, INTERFACE_NEXTHOP, INTERFACE_DNS_SERVERS})
+    EXPECT_EQ(interface(code), kNothingWritten);
+}
+
+TEST_F(SpoiltReply, WithEmptyStatisticsHasNoCounters) {
+  blobmsg_close_table(&message_, blobmsg_open_table(&message_, "statistics"));
+  EXPECT_EQ(device(DEVICE_TX_BYTES), kNothingWritten);
+  EXPECT_EQ(messages(), std::vector<std::string>{"blob parsed error\n"});
+}
+
+TEST_F(Bus, NamesAreCutTo63Characters) {
+  const std::string longest(63, 'n');
+  run("mkdir /etc/lab/bus/network.interface." + longest);
+  write_file("/etc/lab/bus/network.interface." + longest + "/status.json", R"({"up": true})");
+  EXPECT_EQ(ask(netif_get_interface_status, (longest + "more").c_str(), INTERFACE_UP), answered("1"));
 }
 
 TEST_F(Bus, NetmaskOfEachPrefix) {
@@ -113,8 +189,11 @@ TEST_F(Bus, FaultsAreTheBussErrorCodes) {
   EXPECT_EQ(ask(netif_get_interface_status, nullptr, 0), kGetFailed);
   EXPECT_EQ(netif_get_device_status("test0", DEVICE_MAC, nullptr, 8), -1);
   EXPECT_TRUE(messages().empty());
+  const auto handler = [](ubus_request*, int, blob_attr*) {};
   EXPECT_EQ(ubus_call("a", "b", nullptr, nullptr, nullptr, 10), -1);
-  EXPECT_EQ(messages(), std::vector<std::string>{"NP\n"});
+  EXPECT_EQ(ubus_call(nullptr, "b", nullptr, handler, nullptr, 10), -1);
+  EXPECT_EQ(ubus_call("a", nullptr, nullptr, handler, nullptr, 10), -1);
+  EXPECT_EQ(messages(), std::vector<std::string>(3, "NP\n"));
 }
 
 TEST_F(Bus, ACallHandsTheReplyAndItsContextOver) {
@@ -127,5 +206,20 @@ TEST_F(Bus, ACallHandsTheReplyAndItsContextOver) {
   EXPECT_TRUE(called);
 }
 
+// What the plug-in calls instead of the library's.
+int invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* message, ubus_data_handler_t handler,
+           void* context, int timeout, int descriptor) {
+  static const auto real = reinterpret_cast<decltype(&ubus_invoke_fd)>(dlsym(RTLD_NEXT, "ubus_invoke_fd"));
+  if (!in_place_of_replies) return real(bus, id, method, message, handler, context, timeout, descriptor);
+  in_place_of_replies(handler, context, timeout);
+  return 0;
+}
+
 }  // namespace
+
+extern "C" int ubus_invoke_fd(ubus_context* ctx, uint32_t id, const char* method, blob_attr* msg,
+                              ubus_data_handler_t cb, void* priv, int timeout, int fd) {
+  return invoke(ctx, id, method, msg, cb, priv, timeout, fd);
+}
+
 }  // namespace kova::test

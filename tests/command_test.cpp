@@ -33,9 +33,11 @@ TEST_F(Command, NothingPrintedOrStartedLeavesTheBufferUntouched) {
   EXPECT_EQ(util_exec("true", output.data(), 16), -1);
   EXPECT_STREQ(output.data(), "as it was");
   ASSERT_EQ(messages().size(), 3U);
-  EXPECT_TRUE(messages()[0].starts_with("fgets true failed "));
+  EXPECT_TRUE(messages()[0].starts_with("fgets true failed ") && messages()[0].ends_with("\n\n"));
   EXPECT_EQ(messages()[1], "NP.\n");
-  EXPECT_TRUE(messages()[2].starts_with("popen true failed "));
+  EXPECT_TRUE(messages()[2].starts_with("popen true failed ") && messages()[2].ends_with("\n\n"));
+  // Commands that run beside must not inherit the pipe.
+  EXPECT_EQ(seams().popen_modes, std::vector<std::string>(2, "re"));
 }
 
 TEST_F(Command, ExitStatusBecomesAThreeWayResult) {
@@ -81,9 +83,15 @@ TEST_F(Command, ARecordThatCannotBeWrittenFails) {
   EXPECT_EQ(record_task_cmd("lost"), -1);
   EXPECT_EQ(messages(), (std::vector<std::string>{"Invalid input arg\n", "NP\n", "fopen error\n"}));
 
-  run("mkdir /tmp/tr069; ln -s /dev/full /tmp/tr069/cmd_record");
-  EXPECT_EQ(record_task_cmd("lost"), -1);
-  EXPECT_EQ(messages().back(), "fwrite error\n");
+  EXPECT_EQ(record_task_cmd_once("lost"), -1);
+  EXPECT_EQ(messages().back(), "fopen error\n");
+
+  run("mkdir /tmp/tr069; ln -s /dev/full /tmp/tr069/cmd_record; ln -s /dev/full /tmp/tr069/cmd_record_once");
+  for (const auto record : {record_task_cmd, record_task_cmd_once}) {
+    EXPECT_EQ(record("lost"), -1);
+    EXPECT_EQ(messages().back(), "fwrite error\n");
+    seams().syslog.clear();
+  }
 }
 
 }  // namespace

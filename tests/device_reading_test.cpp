@@ -107,7 +107,7 @@ class Channels : public DeviceTest {
       const std::string expected_tail = " freqlist | sed -e 's/*//g' -e 's/)//g' | awk '{print $4}' |tr '\n' ' ' ";
       EXPECT_TRUE(command.ends_with(expected_tail));
       // Interfaces answer with different channels, so that a test sees which was asked.
-      answer = command.starts_with("iwinfo ra0 ") ? "1 6 11 " : "36 140[DFS] word ";
+      answer = command.starts_with("iwinfo ra0 ") ? "1 6 0 11 " : "36 140[DFS] word ";
       return &answer;
     };
   }
@@ -121,13 +121,17 @@ class Channels : public DeviceTest {
 
 TEST_F(Channels, AreListedByNetworkAndVariant) {
   for (const Instances& main : {Instances{1, 0}, Instances{1, 1}})
-    EXPECT_EQ(list(main, 0), std::pair(0, std::string("1 6 11 ")));
+    EXPECT_EQ(list(main, 0), std::pair(0, std::string("1 6 0 11 ")));
   EXPECT_EQ(list({1, 2}, 0), std::pair(0, std::string("36 140  ")));
   EXPECT_TRUE(commands().back().starts_with("iwinfo rai0 "));
   list({1, 1}, 1);
   EXPECT_TRUE(commands().back().starts_with("iwinfo ra1 "));
-  list({2, 0}, 1);
-  EXPECT_TRUE(commands().back().starts_with("iwinfo rai1 "));
+  list({1, 0}, 1);
+  EXPECT_TRUE(commands().back().starts_with("iwinfo ra1 "));
+  for (const Instances& other : {Instances{2, 0}, Instances{1, 2}}) {
+    list(other, 1);
+    EXPECT_TRUE(commands().back().starts_with("iwinfo rai1 "));
+  }
   for (const Instances& none : {Instances{1, 3}, Instances{2, 1}, Instances{0, 0}}) EXPECT_EQ(list(none, 0).first, -1);
   EXPECT_EQ(list({1, 1}, 2).first, -1);
   run("rm /etc/config/wireless");

@@ -64,7 +64,14 @@ TEST_F(DhcpPool, IsTheConfiguredRange) {
   EXPECT_STREQ(first.data(), "192.168.1.100");
   EXPECT_STREQ(last.data(), "192.168.1.249");
   EXPECT_EQ(dhcp_calc_ipaddr_pool(nullptr, last.data()), -1);
-  EXPECT_EQ(messages().back(), "NP\n\n");
+  EXPECT_EQ(dhcp_calc_ipaddr_pool(first.data(), nullptr), -1);
+  EXPECT_EQ(dhcp_calc_pool_range(nullptr, last.data()), -1);
+  EXPECT_EQ(dhcp_calc_pool_range(first.data(), nullptr), -1);
+  EXPECT_EQ(messages(), std::vector<std::string>(4, "NP\n\n"));
+  configure("network.lan.netmask", "/24");
+  EXPECT_EQ(dhcp_calc_ipaddr_pool(first.data(), last.data()), -1);
+  EXPECT_EQ(messages().back(), "invalid ip\n\n");
+  configure("network.lan.netmask", "255.255.255.0");
   configure("network.lan.ipaddr", "here");
   EXPECT_EQ(dhcp_calc_ipaddr_pool(first.data(), last.data()), -1);
   EXPECT_EQ(messages().back(), "invalid ip\n\n");

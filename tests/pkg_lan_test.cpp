@@ -31,10 +31,14 @@ TEST_F(LanAddress, IsReadFromTheStore) {
 TEST_F(LanAddress, CannotBeReadWithoutItsOptions) {
   write_file("/etc/config/network", "config interface 'lan'\n");
   EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress), kGetFailed);
-  EXPECT_TRUE(logged("FTGLI.\n"));
-  EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask), kGetFailed);
-  EXPECT_EQ(get(LANDevice_LANHostConfigManagement_Subnetmask), kGetFailed);
-  EXPECT_TRUE(logged("FTGLM.\n"));
+  EXPECT_EQ(messages().back(), "FTGLI.\n");
+  EXPECT_TRUE(seams().syslog.back().starts_with("pkg-lan.c, "));
+  for (const parameter_handler mask : {LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask,
+                                       LANDevice_LANHostConfigManagement_Subnetmask}) {
+    seams().syslog.clear();
+    EXPECT_EQ(get(mask), kGetFailed);
+    EXPECT_EQ(messages().back(), "FTGLM.\n");
+  }
   EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceAddressingType), (Answer{-1, ""}));
 }
 
@@ -55,6 +59,7 @@ TEST_F(LanAddress, OnlyDottedQuadsAreRecorded) {
   EXPECT_EQ(messages(), (std::vector<std::string>{"mal format ip\n", "mal format ip\n"}));
   run("rm -r /tmp/tr069");
   EXPECT_EQ(set(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress, "192.168.2.1"), kRefused);
+  EXPECT_EQ(messages().back(), "fopen error\n");
 }
 
 TEST_F(LanAddress, MacIsTheBridgesForTheOneInterfaceThereIs) {
@@ -139,6 +144,15 @@ TEST_F(DhcpServer, SynchronousChangesRunTheVerifyScriptAndHeedItsVerdict) {
     run("rm /tmp/tr069/check");
     EXPECT_EQ(set(change.handler, change.value), kRefused);
   }
+
+  // The verdict alone counts, not how the script ended; and a command that would be cut is not run.
+  verdict("1");
+  static const int failed = 256;
+  seams().system_status = [](const std::string&) { return &failed; };
+  EXPECT_EQ(set(kEnableHandlers[0], "0"), accepted());
+  commands().clear();
+  EXPECT_EQ(set(kDnsHandlers[0], std::string(2000, '1')), kRefused);
+  EXPECT_TRUE(commands().empty());
 }
 
 TEST_F(DhcpServer, PoolEndsAreReadFromTheConfiguration) {
@@ -194,7 +208,10 @@ TEST_F(DhcpServer, DnsServersAreTwoWithASpaceBetween) {
   for (const auto& [offered, answer] : {std::pair{"192.0.2.1,192.0.2.2", "192.0.2.1 192.0.2.2"},
                                         {"192.0.2.1", "192.0.2.1 "},
                                         {"192.0.2.1,192.0.2.1", "192.0.2.1 0.0.0.0"},
-                                        {"0.0.0.0,0.0.0.0", "192.168.1.1 0.0.0.0"}}) {
+                                        {"0.0.0.0,192.0.2.2", "0.0.0.0 192.0.2.2"},
+                                        {"192.0.2.1,0.0.0.0", "192.0.2.1 0.0.0.0"},
+                                        {"0.0.0.0,0.0.0.0", "192.168.1.1 0.0.0.0"},
+                                        {"192.0.2.1.and.twenty.letters.more", "192.0.2.1.and.twenty.letters.mo "}}) {
     offer(offered);
     for (const parameter_handler handler : kDnsHandlers) EXPECT_EQ(get(handler), answered(answer));
   }
@@ -252,22 +269,32 @@ TEST_F(Hosts, RowsOfBothTreesReadTheSnapshot) {
   EXPECT_EQ(get(LANDevice_Hosts_HostNumberOfEntries), answered("2"));
   EXPECT_EQ(get(Hosts_HostNumberOfEntries), answered("2"));
   for (const HostField& field : kHostFields) {
-    EXPECT_EQ(get(field.lan_device, {1, 1}), answered(field.text));
-    EXPECT_EQ(get(field.device, {1}), answered(field.text));
-    EXPECT_EQ(get(field.lan_device, {1, 7}), answered(field.fallback));
-    EXPECT_EQ(get(field.device, {7}), answered(field.fallback));
-    EXPECT_EQ(set(field.device, "x", {1}), kRefused);
-    EXPECT_EQ(set(field.lan_device, "x", {1, 1}), kRefused);
+    for (const auto& [handler, row, beyond] :
+         {std::tuple{field.lan_device, Instances{1, 1}, Instances{1, 7}}, {field.device, {1}, {7}}}) {
+      EXPECT_EQ(get(handler, row), answered(field.text));
+      seams().syslog.clear();
+      EXPECT_EQ(get(handler, beyond), answered(field.fallback));
+      EXPECT_EQ(logged("uci get error\n"), field.lan_device == LANDevice_Hosts_Host_IPAddress);
+      seams().syslog.clear();
+      EXPECT_EQ(set(handler, "x", row), kRefused);
+      EXPECT_EQ(logged("FTSHLTR.\n"), field.lan_device == LANDevice_Hosts_Host_LeaseTimeRemaining);
+    }
   }
-  EXPECT_TRUE(logged("uci get error\n"));
-  EXPECT_TRUE(logged("FTSHLTR.\n"));
 }
 
 TEST_F(Hosts, RowsThatCannotBeLocatedFail) {
   for (const Instances& nowhere : {Instances{1, 0}, Instances{0, 1}}) {
     for (const HostField& field : kHostFields) EXPECT_EQ(get(field.lan_device, nowhere), kGetFailed);
     EXPECT_EQ(get(LANDevice_Hosts_Host_Layer2Interface, nowhere), kGetFailed);
+    EXPECT_EQ(messages(), std::vector<std::string>(std::size(kHostFields) + 1, "LE\n"));
+    seams().syslog.clear();
+  }
+  for (const parameter_handler reference : {Hosts_Host_Layer1Interface, Hosts_Host_Layer3Interface}) {
+    run("rm -f /tmp/tr069/hosts");
+    EXPECT_EQ(get(reference, {0}), kGetFailed);
     EXPECT_EQ(messages().back(), "LE\n");
+    EXPECT_EQ(commands().back(), "/usr/bin/tr069/gen_hosts");  // made before the row is looked for
+    commands().clear();
   }
   for (const HostField& field : kHostFields) {
     EXPECT_EQ(get(field.device, {0}), kGetFailed);

@@ -149,24 +149,24 @@ TEST_F(UciStandin, LookUpSaysHowFarItCame) {
   Session session(root());
   uci_ptr ptr = {};
   ASSERT_EQ(session.look_up(ptr, "demo.lan.proto=dhcp", false), UCI_OK);
-  EXPECT_EQ(ptr.flags, UCI_LOOKUP_DONE | UCI_LOOKUP_COMPLETE);
+  EXPECT_EQ(ptr.flags, uci_ptr::UCI_LOOKUP_DONE | uci_ptr::UCI_LOOKUP_COMPLETE);
   EXPECT_EQ(ptr.target, UCI_TYPE_OPTION);
   EXPECT_EQ(ptr.last, &ptr.o->e);
   EXPECT_STREQ(ptr.o->v.string, "static");
   EXPECT_STREQ(ptr.value, "dhcp");
 
   ASSERT_EQ(session.look_up(ptr, "demo.lan.none"), UCI_OK);
-  EXPECT_EQ(ptr.flags, UCI_LOOKUP_DONE);
+  EXPECT_EQ(ptr.flags, uci_ptr::UCI_LOOKUP_DONE);
   EXPECT_EQ(ptr.last, &ptr.s->e);
   ASSERT_EQ(session.look_up(ptr, "demo.none.none"), UCI_OK);
-  EXPECT_EQ(ptr.flags, UCI_LOOKUP_DONE);
+  EXPECT_EQ(ptr.flags, uci_ptr::UCI_LOOKUP_DONE);
   EXPECT_EQ(ptr.last, &ptr.p->e);
   ASSERT_EQ(session.look_up(ptr, "demo"), UCI_OK);
-  EXPECT_EQ(ptr.flags, UCI_LOOKUP_DONE | UCI_LOOKUP_COMPLETE);
+  EXPECT_EQ(ptr.flags, uci_ptr::UCI_LOOKUP_DONE | uci_ptr::UCI_LOOKUP_COMPLETE);
   EXPECT_EQ(ptr.target, UCI_TYPE_PACKAGE);
 
   ASSERT_EQ(session.look_up(ptr, "demo.@rule[-1].name"), UCI_OK);
-  EXPECT_EQ(ptr.flags, UCI_LOOKUP_DONE | UCI_LOOKUP_COMPLETE | UCI_LOOKUP_EXTENDED);
+  EXPECT_EQ(ptr.flags, uci_ptr::UCI_LOOKUP_DONE | uci_ptr::UCI_LOOKUP_COMPLETE | uci_ptr::UCI_LOOKUP_EXTENDED);
   EXPECT_STREQ(ptr.o->v.string, "y");
   ASSERT_EQ(session.look_up(ptr, "demo.@rule[-3]"), UCI_OK);
   EXPECT_EQ(ptr.s, nullptr);

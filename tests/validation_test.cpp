@@ -20,7 +20,8 @@ TEST_F(Validation, HostsAreAddressesOrNamesByTwoLaxPatterns) {
   seams().syslog.clear();
   for (const char* name : {"host.lan", "a-b.example", "server_com"}) EXPECT_EQ(validityHost(name), 0) << name;
   EXPECT_EQ(messages(), std::vector<std::string>(3, "str matched domain.\n"));
-  for (const char* invalid : {"", "-a.lan", "a b.lan!", "x.y1"}) EXPECT_EQ(validityHost(invalid), -1) << invalid;
+  for (const char* invalid : {"", "-a.lan", "a b.lan!", "x.y1", "256.1.1.1"})
+    EXPECT_EQ(validityHost(invalid), -1) << invalid;
   const std::string longest = std::string(252, 'a') + ".lan";
   EXPECT_EQ(validityHost(longest.c_str()), 0);
   EXPECT_EQ(validityHost(("a" + longest).c_str()), -1);

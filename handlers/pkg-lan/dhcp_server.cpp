@@ -1,5 +1,4 @@
 // The LAN's DHCP server: LANHostConfigManagement in one tree, DHCPv4.Server with its one pool in the other.
-#include <stdlib.h>
 #include <string.h>
 
 #include "command.hpp"
@@ -74,7 +73,7 @@ int lease_time(Call& call) {
     return FAILURE;
   }
   const int unit = strchr(stored.c_str(), 'h') != nullptr ? 3600 : 60;
-  return call.reply_number(static_cast<long long>(atoi(stored.c_str())) * unit);
+  return call.reply_number(static_cast<long long>(leading_integer(stored.c_str())) * unit);
 }
 
 // As the script wants it: forever is the longest time that fits, and less than a minute is one.
@@ -86,7 +85,7 @@ int lease_minutes(int seconds) {
 }
 
 int set_lease_time(Call& call) {
-  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(atoi(call.value()))}, "FTSDLT.\n");
+  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(leading_integer(call.value()))}, "FTSDLT.\n");
 }
 
 // ---- DNS servers ----

@@ -58,6 +58,7 @@ extern "C" {
 FILE* popen(const char* command, const char* mode) {
   static const auto real = reinterpret_cast<FILE* (*)(const char*, const char*)>(dlsym(RTLD_NEXT, "popen"));
   seams().commands.emplace_back(command);
+  seams().popen_modes.emplace_back(mode);
   if (seams().popen_fails) return nullptr;
   const std::string* answer = seams().popen_answer ? seams().popen_answer(command) : nullptr;
   if (answer == nullptr) return real(command, mode);

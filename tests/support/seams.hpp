@@ -10,7 +10,8 @@ namespace kova::test {
 
 struct Seams {
   std::vector<std::string> commands;  // given to popen and system, in order
-  std::vector<std::string> syslog;    // messages as written to the system log
+  std::vector<std::string> popen_modes;
+  std::vector<std::string> syslog;  // messages as written to the system log
   std::vector<std::string> stderr_log;
   std::function<void(const std::string& message)> on_log;  // at a message: something happens to the router
 

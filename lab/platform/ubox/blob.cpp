@@ -6,7 +6,9 @@
 #include <cstdlib>
 #include <cstring>
 
+extern "C" {
 #include "libubox/blob.h"
+}
 
 namespace {
 

@@ -1,7 +1,9 @@
 // Building blobs, for the messages on top.
 #pragma once
 
+extern "C" {
 #include "libubox/blob.h"
+}
 
 namespace standin {
 

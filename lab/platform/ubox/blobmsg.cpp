@@ -1,5 +1,7 @@
 // Messages: attributes with a type (their id) and a name (length, text and zero before the data, padded to 4).
+extern "C" {
 #include "libubox/blobmsg.h"
+}
 
 #include <arpa/inet.h>
 #include <endian.h>

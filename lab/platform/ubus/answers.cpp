@@ -10,7 +10,9 @@
 #include <fstream>
 #include <stdexcept>
 
+extern "C" {
 #include "libubus.h"
+}
 
 namespace standin {
 namespace {

@@ -1,7 +1,9 @@
 // Messages as JSON: how answers are written down, and how the ubus tool shows and takes them.
 #pragma once
 
+extern "C" {
 #include <libubox/blobmsg.h>
+}
 
 #include <nlohmann/json.hpp>
 

@@ -1,4 +1,6 @@
+extern "C" {
 #include "libubus.h"
+}
 
 #include <algorithm>
 #include <exception>

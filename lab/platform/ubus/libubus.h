@@ -8,10 +8,6 @@
 
 #include <libubox/blobmsg.h>
 
-#ifdef __cplusplus
-extern "C" {
-#endif
-
 enum ubus_msg_status {
   UBUS_STATUS_OK,
   UBUS_STATUS_INVALID_COMMAND,
@@ -54,9 +50,5 @@ static inline int ubus_invoke(struct ubus_context* ctx, uint32_t id, const char*
                               ubus_data_handler_t cb, void* priv, int timeout) {
   return ubus_invoke_fd(ctx, id, method, msg, cb, priv, timeout, -1);
 }
-
-#ifdef __cplusplus
-}
-#endif
 
 #endif

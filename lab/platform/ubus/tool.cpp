@@ -7,7 +7,9 @@
 #include <string>
 
 #include "answers.hpp"
+extern "C" {
 #include "libubus.h"
+}
 
 namespace {
 

@@ -81,7 +81,7 @@ int uci_del_list(uci_context* ctx, uci_ptr* ptr) {
 int uci_delete(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
     expand(ctx, ptr);
-    require((ptr->flags & UCI_LOOKUP_COMPLETE) != 0, UCI_ERR_NOTFOUND);
+    require(is_raised(*ptr, uci_ptr::UCI_LOOKUP_COMPLETE), UCI_ERR_NOTFOUND);
     require(ptr->s != nullptr, UCI_ERR_INVAL);
     remove(*ptr);
   });

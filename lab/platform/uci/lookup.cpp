@@ -32,7 +32,7 @@ void split(uci_ptr& ptr, char* text) {
     ptr.target = ptr.option != nullptr ? UCI_TYPE_OPTION : UCI_TYPE_SECTION;
   }
   require(is_package_name(ptr.package), UCI_ERR_PARSE);
-  if (ptr.section != nullptr && !is_name(ptr.section)) ptr.flags |= UCI_LOOKUP_EXTENDED;
+  if (ptr.section != nullptr && !is_name(ptr.section)) raise(ptr, uci_ptr::UCI_LOOKUP_EXTENDED);
   if (ptr.option != nullptr) require(is_name(ptr.option), UCI_ERR_PARSE);
 }
 
@@ -66,7 +66,7 @@ uci_package* find_or_load(uci_context* context, const char* name) {
 }
 
 uci_section* find_named(uci_context* context, const uci_ptr& ptr, bool extended) {
-  if ((ptr.flags & UCI_LOOKUP_EXTENDED) == 0) return uci_lookup_section(context, ptr.p, ptr.section);
+  if (!is_raised(ptr, uci_ptr::UCI_LOOKUP_EXTENDED)) return uci_lookup_section(context, ptr.p, ptr.section);
   require(extended, UCI_ERR_INVAL);
   return find_by_index(*ptr.p, ptr.section);
 }
@@ -92,7 +92,7 @@ namespace standin {
 
 void expand(uci_context* context, uci_ptr* ptr) {
   require(ptr != nullptr, UCI_ERR_INVAL);
-  if ((ptr->flags & UCI_LOOKUP_DONE) != 0) return;
+  if (is_raised(*ptr, uci_ptr::UCI_LOOKUP_DONE)) return;
   if (uci_lookup_ptr(context, ptr, nullptr, true) != UCI_OK)
     throw Failure{context_of(context).error, context_of(context).detail};
 }
@@ -123,9 +123,9 @@ int uci_lookup_ptr(uci_context* ctx, uci_ptr* ptr, char* str, bool extended) {
     if (str != nullptr) {
       split(*ptr, str);
     } else if (ptr->section != nullptr && !is_name(ptr->section)) {
-      ptr->flags |= UCI_LOOKUP_EXTENDED;
+      raise(*ptr, uci_ptr::UCI_LOOKUP_EXTENDED);
     }
-    ptr->flags |= UCI_LOOKUP_DONE;
-    if (resolve(ctx, *ptr, extended)) ptr->flags |= UCI_LOOKUP_COMPLETE;
+    raise(*ptr, uci_ptr::UCI_LOOKUP_DONE);
+    if (resolve(ctx, *ptr, extended)) raise(*ptr, uci_ptr::UCI_LOOKUP_COMPLETE);
   });
 }

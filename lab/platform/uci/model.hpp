@@ -80,6 +80,9 @@ void add_to_list(uci_section& section, std::string_view name, std::string_view v
 void remove_from_list(uci_option& option, std::string_view value);  // the option too with its last item
 void free_option(uci_option* option);
 
+inline void raise(uci_ptr& ptr, int flag) { ptr.flags = static_cast<decltype(ptr.flags)>(ptr.flags | flag); }
+inline bool is_raised(const uci_ptr& ptr, int flag) { return (ptr.flags & flag) != 0; }
+
 // Completes what a caller filled in by hand: looks its element up, unless that has been done. Throws Failure.
 void expand(uci_context* context, uci_ptr* ptr);
 const char* section_name(const uci_ptr& ptr);  // nullptr for none

@@ -153,7 +153,7 @@ class Session {
  private:
   int run_on(const Command& command, uci_ptr& ptr) const {
     if (command.needs_value && ptr.value == nullptr) return UCI_ERR_INVAL;
-    if (command.needs_existing && (ptr.flags & UCI_LOOKUP_COMPLETE) == 0) return UCI_ERR_NOTFOUND;
+    if (command.needs_existing && !standin::is_raised(ptr, uci_ptr::UCI_LOOKUP_COMPLETE)) return UCI_ERR_NOTFOUND;
     return command.run(context(), ptr);
   }
 

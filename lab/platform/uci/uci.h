@@ -83,11 +83,9 @@ struct uci_option {
   } v;
 };
 
-enum { UCI_LOOKUP_DONE = 1, UCI_LOOKUP_COMPLETE = 2, UCI_LOOKUP_EXTENDED = 4 };
-
 struct uci_ptr {
   enum uci_type target;
-  int flags; /* UCI_LOOKUP_ */
+  enum { UCI_LOOKUP_DONE = 1, UCI_LOOKUP_COMPLETE = 2, UCI_LOOKUP_EXTENDED = 4 } flags;
   struct uci_package* p;
   struct uci_section* s;
   struct uci_option* o;

@@ -2,6 +2,7 @@
  * blob.h: stand-in for the header of libubox, for development on workstations where the real library is not installed.
  * A blob is a tree of attributes: a 32-bit big-endian word (1 bit "extended", 7 bits id, 24 bits length with header),
  * then the data, padded to 4 bytes. It never ships: on the router the agent brings the real libubox.
+ * As with the real one, C++ code includes it, and what includes it, within extern "C".
  */
 #ifndef KOVA_STANDIN_BLOB_H
 #define KOVA_STANDIN_BLOB_H
@@ -9,10 +10,6 @@
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
-
-#ifdef __cplusplus
-extern "C" {
-#endif
 
 struct blob_attr {
   uint32_t id_len;
@@ -34,9 +31,5 @@ size_t blob_len(const struct blob_attr* attr);     /* of the data */
 size_t blob_raw_len(const struct blob_attr* attr); /* with the header */
 size_t blob_pad_len(const struct blob_attr* attr); /* with header and padding */
 struct blob_attr* blob_next(const struct blob_attr* attr);
-
-#ifdef __cplusplus
-}
-#endif
 
 #endif

@@ -6,10 +6,6 @@
 
 #include "blob.h"
 
-#ifdef __cplusplus
-extern "C" {
-#endif
-
 enum blobmsg_type {
   BLOBMSG_TYPE_UNSPEC,
   BLOBMSG_TYPE_ARRAY,
@@ -63,9 +59,5 @@ int blobmsg_parse(const struct blobmsg_policy* policy, int policy_len, struct bl
        (rem) >= sizeof(struct blob_attr) && blob_pad_len(pos) <= (rem) &&                                            \
        blob_pad_len(pos) >= sizeof(struct blob_attr);                                                                \
        (rem) -= blob_pad_len(pos), (pos) = blob_next(pos))
-
-#ifdef __cplusplus
-}
-#endif
 
 #endif
