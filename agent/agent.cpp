@@ -1,12 +1,34 @@
 #include "agent.hpp"
 
+#include <sys/mman.h>
+
+#include <cerrno>
 #include <cstdarg>
+#include <system_error>
 
 namespace kovadm {
 namespace {
 
-// Handlers are not told the buffer's size; no value comes near this one.
-constexpr std::size_t kOutputSize = 64UL * 1024;
+// Room for a value. Handlers are not told its size, so it is larger than any value that a store takes, of which only
+// what is used takes memory; and one that is larger still ends the program at the page behind instead of spoiling it.
+class ValueBuffer {
+ public:
+  ValueBuffer() {
+    if (start_ == MAP_FAILED || mprotect(start_, kSize, PROT_READ | PROT_WRITE) != 0)
+      throw std::system_error(errno, std::generic_category(), "room for a value");
+  }
+  ~ValueBuffer() { munmap(start_, kSize + kGuard); }
+  ValueBuffer(const ValueBuffer&) = delete;
+  ValueBuffer& operator=(const ValueBuffer&) = delete;
+
+  char* data() { return static_cast<char*>(start_); }
+
+ private:
+  static constexpr std::size_t kSize = 16UL * 1024 * 1024;
+  static constexpr std::size_t kGuard = 64UL * 1024;  // a page, however large
+  void* start_ = mmap(nullptr, kSize + kGuard, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+};
+
 constexpr std::size_t kPadding = 4;
 
 constexpr int32_t kGet = 0;
@@ -42,7 +64,7 @@ std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
   parameter_handler handler = plugin_.handler(parameter.row->handler);
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   const std::vector<int32_t> instances = instance_array(parameter);
-  std::vector<char> output(kOutputSize);
+  ValueBuffer output;
   if (call(handler, kGet, instances.data(), output.data(), record_.get()) != 0) return failed_get(parameter);
   return std::string(output.data());
 }

@@ -46,7 +46,8 @@ Taker text(char (&target)[Size]) {
 
 json read_object(const std::string& file) {
   std::ifstream stream(file);
-  if (!stream) throw SetupError("agent state: cannot read " + file);
+  stream.peek();  // a directory can be opened, but not read
+  if (stream.fail()) throw SetupError("agent state: cannot read " + file);
   json object = json::parse(stream, nullptr, false);
   if (!object.is_object()) throw SetupError("agent state: " + file + " is no JSON object");
   return object;

@@ -122,6 +122,15 @@ std::optional<Parameter> find_parameter(std::string_view path) {
   return Parameter{node->row, std::string(path), instances};
 }
 
+bool is_object(std::string_view path) {
+  const Node* node = &data_model();
+  for (const std::string& component : split_path(path)) {
+    node = child_of(*node, component);
+    if (node == nullptr) return false;
+  }
+  return node->row == nullptr;
+}
+
 std::string nearest_path(std::string_view path) {
   std::vector<std::string> components = split_path(path);
   const std::vector<std::string> numbers = take_numbers(components);

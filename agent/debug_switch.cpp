@@ -9,7 +9,7 @@ namespace kovadm {
 namespace {
 
 constexpr char kFile[] = "/tmp/cwmp_debug";
-constexpr int kEndings[] = {SIGHUP, SIGINT, SIGPIPE, SIGTERM};
+constexpr int kEndings[] = {SIGABRT, SIGBUS, SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGSEGV, SIGTERM};
 
 bool create_file() {
   const int descriptor = open(kFile, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
@@ -25,17 +25,31 @@ void remove_file_and_end(int signal) {
   raise(signal);
 }
 
+// What the caller had ignored stays so.
+void replace_endings(void (*handler)(int signal)) {
+  for (const int signal : kEndings) {
+    if (std::signal(signal, handler) == SIG_IGN) std::signal(signal, SIG_IGN);
+  }
+}
+
 }  // namespace
 
-DebugSwitch::DebugSwitch() : created_(create_file()) {
-  if (!created_) return;
-  for (const int signal : kEndings) std::signal(signal, remove_file_and_end);
+DebugSwitch::DebugSwitch() {
+  // No ending between the file and what removes it.
+  sigset_t endings;
+  sigset_t before;
+  sigemptyset(&endings);
+  for (const int signal : kEndings) sigaddset(&endings, signal);
+  sigprocmask(SIG_BLOCK, &endings, &before);
+  created_ = create_file();
+  if (created_) replace_endings(remove_file_and_end);
+  sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 
 DebugSwitch::~DebugSwitch() {
   if (!created_) return;
-  for (const int signal : kEndings) std::signal(signal, SIG_DFL);
   unlink(kFile);
+  replace_endings(SIG_DFL);
 }
 
 }  // namespace kovadm

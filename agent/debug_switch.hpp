@@ -12,7 +12,7 @@ class DebugSwitch {
   DebugSwitch& operator=(const DebugSwitch&) = delete;
 
  private:
-  bool created_;
+  bool created_ = false;
 };
 
 }  // namespace kovadm

@@ -22,6 +22,7 @@ Fault unknown_path(const std::string& path) {
   if (path.find(kInstance) != std::string::npos) {
     return {FaultCode::INVALID_PARAMETER_NAME, path, "{i} stands for an instance number", ""};
   }
+  if (is_object(path)) return {FaultCode::INVALID_PARAMETER_NAME, path, "an object, not a parameter", ""};
   return {FaultCode::INVALID_PARAMETER_NAME, path, "", nearest_path(path)};
 }
 

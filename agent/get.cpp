@@ -1,3 +1,4 @@
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "commands.hpp"
@@ -5,6 +6,11 @@
 
 namespace kovadm {
 namespace {
+
+int terminal_width() {
+  winsize size = {};
+  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
 
 // Reads parameters into the output.
 class Reader {
@@ -41,7 +47,9 @@ class Reader {
 
   // On a terminal, the parameter that is being read: some take a while.
   void show_progress(const std::string& path) {
-    if (on_terminal_) std::fprintf(stderr, "\r\033[K%d %s", ++count_, path.c_str());
+    if (!on_terminal_) return;
+    const std::string line = std::to_string(++count_) + " " + path;
+    std::fprintf(stderr, "\r\033[K%.*s", terminal_width() - 1, line.c_str());
   }
   void clear_progress() const {
     if (on_terminal_) std::fputs("\r\033[K", stderr);

@@ -1,4 +1,7 @@
 // kovadm: the command-line agent that loads the data-model plug-in.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -75,9 +78,17 @@ int run(const CLI::App& app, const Arguments& arguments) {
   return explain(*agent, arguments.path, output);
 }
 
+// A file that is opened must not become a standard stream that was closed.
+void open_standard_streams() {
+  int descriptor = open("/dev/null", O_RDWR);
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDWR);
+  if (descriptor >= 0) close(descriptor);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
+  open_standard_streams();
   CLI::App app("Reads and sets the device's data model through its plug-in", "kovadm");
   Arguments arguments;
   define(app, arguments);

@@ -4,12 +4,14 @@
 #include <unistd.h>
 
 #include <cctype>
+#include <cerrno>
+#include <system_error>
 
 namespace kovadm {
 namespace {
 
 FILE* take_standard_output() {
-  FILE* taken = fdopen(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0), "w");
+  FILE* taken = fdopen(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1), "w");
   dup2(STDERR_FILENO, STDOUT_FILENO);
   return taken;
 }
@@ -23,7 +25,8 @@ void put_line(FILE* file, const std::string& text) {
 }
 
 std::string to_text(const Fault& fault) {
-  std::string text = std::to_string(static_cast<int>(fault.code)) + " " + to_text(fault.code) + ": " + fault.path;
+  std::string text =
+      std::to_string(static_cast<int>(fault.code)) + " " + to_text(fault.code) + ": " + one_line(fault.path);
   if (!fault.detail.empty()) text += " (" + one_line(fault.detail) + ")";
   if (!fault.nearest.empty()) text += "\n     nearest: " + fault.nearest;
   return text;
@@ -41,7 +44,9 @@ Json to_json(const Fault& fault) {
 std::string one_line(const std::string& text) {
   std::string line;
   for (const char character : text) {
-    if (std::iscntrl(static_cast<unsigned char>(character)) == 0) {
+    if (character == '\\') {
+      line += "\\\\";
+    } else if (std::iscntrl(static_cast<unsigned char>(character)) == 0) {
       line += character;
     } else if (character == '\n') {
       line += "\\n";
@@ -78,6 +83,8 @@ int Output::finish() {
   document_["faults"] = faults_;
   // Values are bytes of the device's; what is no UTF-8 is replaced.
   if (json_) put_line(file_.get(), document_.dump(2, ' ', false, Json::error_handler_t::replace));
+  if (file_ != nullptr && (std::ferror(file_.get()) != 0 || std::fflush(file_.get()) != 0))
+    throw std::system_error(errno, std::generic_category(), "standard output");
   return faults_.empty() ? 0 : 1;
 }
 

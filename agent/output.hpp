@@ -26,7 +26,8 @@ class Output {
   void value(const std::string& path, const std::string& value);
   void fault(const Fault& fault);
 
-  // Ends the output. Returns the exit status: 0, or 1 after a fault.
+  // Ends the output. Returns the exit status: 0, or 1 after a fault. Throws std::system_error when standard output did
+  // not take everything.
   int finish();
 
  private:
@@ -40,7 +41,7 @@ class Output {
   Json faults_ = Json::array();
 };
 
-// Control characters as \n, \t, \x1b, so that every text takes one line.
+// Control characters as \n, \t, \x1b and a backslash as \\, so that every text takes one line and stays told apart.
 std::string one_line(const std::string& text);
 
 }  // namespace kovadm

@@ -1,4 +1,5 @@
 // kovadm, run as its user does.
+#include <csignal>
 #include <nlohmann/json.hpp>
 #include <regex>
 #include <set>
@@ -112,21 +113,40 @@ Device.Users.User.2.Password =
 }
 
 TEST_F(Kovadm, ValuesTakeOneLineAndAnyBytes) {
-  configure("cwmp.info.username", "two\nlines\t\x1b \xff");
-  EXPECT_EQ(kovadm("get " SERVER "Username").out, SERVER "Username = two\\nlines\\t\\x1b \xff\n");
-  EXPECT_EQ(kovadm("get --json " SERVER "Username").document()["values"][0]["value"], "two\nlines\t\x1b \xef\xbf\xbd");
+  configure("cwmp.info.username", "two\nlines\t\x1b \\n \xff");
+  EXPECT_EQ(kovadm("get " SERVER "Username").out, SERVER "Username = two\\nlines\\t\\x1b \\\\n \xff\n");
+  EXPECT_EQ(kovadm("get --json " SERVER "Username").document()["values"][0]["value"],
+            "two\nlines\t\x1b \\n \xef\xbf\xbd");
+  EXPECT_EQ(kovadm("get \"$(printf 'Device.\\033\\n')\"").error, "9005 Invalid parameter name: Device.\\x1b\n");
+}
+
+TEST_F(Kovadm, ValuesAreOfAnyLength) {
+  const std::string longest(200000, 'x');
+  configure("cwmp.info.username", longest);
+  EXPECT_EQ(kovadm("get " SERVER "Username").out, SERVER "Username = " + longest + "\n");
+}
+
+TEST_F(Kovadm, AFaultOnStandardOutputIsNoSuccess) {
+  for (const char* format : {"", "--json "}) {
+    EXPECT_EQ(WEXITSTATUS(run(std::string("kovadm ") + format + "get " SERVER "URL >/dev/full 2>/root/error")), 2);
+    EXPECT_EQ(contents("/root/error"), "kovadm: standard output: No space left on device\n");
+  }
+  // A closed standard error is not mixed up with standard output.
+  run("kovadm --json --debug get Device.DeviceInfo.SerialNumber >/root/out 2>&-");
+  EXPECT_TRUE(json::accept(*contents("/root/out")));
 }
 
 TEST_F(Kovadm, FaultsCarryTheProtocolsNumbersAndTheRestIsAnswered) {
   const Finished get = kovadm(
       "get Device.Users.User.2.Usernam Device.Users.User.9.Username Device.Users.User.1.Username "
-      "Device.Users.User.{i}.Username");
+      "Device.Users.User.{i}.Username Device.Users.User.1");
   EXPECT_EQ(get.status, 1);
   EXPECT_EQ(get.out, "Device.Users.User.1.Username = admin\n");
   EXPECT_EQ(get.error,
             "9005 Invalid parameter name: Device.Users.User.2.Usernam\n     nearest: Device.Users.User.2.Username\n"
             "9005 Invalid parameter name: Device.Users.User.9.Username (no such instance)\n"
-            "9005 Invalid parameter name: Device.Users.User.{i}.Username ({i} stands for an instance number)\n");
+            "9005 Invalid parameter name: Device.Users.User.{i}.Username ({i} stands for an instance number)\n"
+            "9005 Invalid parameter name: Device.Users.User.1 (an object, not a parameter)\n");
   const json faults = kovadm("get --json Device.Users.User.9.Username").document()["faults"];
   EXPECT_EQ(faults[0]["code"], 9005);
   EXPECT_EQ(faults[0]["path"], "Device.Users.User.9.Username");
@@ -269,6 +289,21 @@ TEST_F(Kovadm, DebugSwitchesTheLogOnForTheRun) {
   EXPECT_EQ(kovadm("get Device.DeviceInfo.SerialNumber").error, "");
 }
 
+TEST_F(Kovadm, ABrokenOffRunLeavesNoLogSwitchedOn) {
+  run("echo 'sleep 2' >/usr/bin/bdinfo");
+  const auto end_status = [](const std::string& start, const std::string& kill) {
+    return WEXITSTATUS(run(start +
+                           "kovadm --debug get Device.DeviceInfo.SerialNumber 2>/dev/null & "
+                           "while ! [ -e /tmp/cwmp_debug ]; do :; done; " +
+                           kill + "; wait $!"));
+  };
+  EXPECT_EQ(end_status("", "kill -HUP $!"), 128 + SIGHUP);
+  EXPECT_EQ(contents("/tmp/cwmp_debug"), std::nullopt);
+  EXPECT_EQ(end_status("trap '' HUP; ", "kill -HUP $!; sleep 0.1; kill -TERM $!"),
+            128 + SIGTERM);  // what its caller ignores, it ignores
+  EXPECT_EQ(contents("/tmp/cwmp_debug"), std::nullopt);
+}
+
 TEST_F(Kovadm, TheAgentsRecordIsTheUsersToGive) {
   write_file("/root/agent.json", R"({"connection_request_host": "198.51.100.7", "connection_request_port": 8080,
                                      "connection_request_path": "/kova", "stun_enabled": 1})");
@@ -299,7 +334,8 @@ TEST_F(Kovadm, MisuseEndsWithTwoAndSaysWhatIsWrong) {
                                                          {"set Device.Name", "not PATH=VALUE: Device.Name"},
                                                          {"set =value", "not PATH=VALUE: =value"},
                                                          {"--plugin /nowhere.so walk", "cannot load the plug-in"},
-                                                         {"--agent-state /nowhere walk", "cannot read /nowhere"}};
+                                                         {"--agent-state /nowhere walk", "cannot read /nowhere"},
+                                                         {"--agent-state / walk", "cannot read /\n"}};
   for (const auto& [arguments, message] : misuses) {
     const Finished misuse = kovadm(arguments);
     EXPECT_EQ(misuse.status, 2) << arguments;

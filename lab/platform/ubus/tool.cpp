@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <memory>
 #include <string>
 
 #include "answers.hpp"
@@ -44,6 +45,7 @@ int call(const std::string& object, const std::string& method, const std::string
     return -1;
   }
   blob_buf buffer = {};
+  const std::unique_ptr<blob_buf, decltype(&blob_buf_free)> owner(&buffer, &blob_buf_free);
   blob_buf_init(&buffer, 0);
   standin::add_members(buffer, request);
 
@@ -61,7 +63,6 @@ int call(const std::string& object, const std::string& method, const std::string
   };
   if (status == UBUS_STATUS_OK) status = ubus_invoke(bus, id, method.c_str(), buffer.head, print, &compact, 30000);
   ubus_free(bus);
-  blob_buf_free(&buffer);
   return status == UBUS_STATUS_OK ? 0 : fail(status);
 }
 
