@@ -28,7 +28,10 @@ void free_item(uci_element* item) {
 }
 
 void free_items(uci_list& list) {
-  while (list.next != &list) free_item(list_to_element(list.next));
+  uci_element* item = nullptr;
+  uci_element* next = nullptr;
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): does not follow what unlink() does
+  uci_foreach_element_safe(&list, next, item) free_item(item);
 }
 
 // The running number tells sections of one type apart; the hash notices that the number now means another type.
@@ -130,8 +133,9 @@ Package* make_package(Context& context, const std::string& name) {
 }
 
 void free_package(Package* package) {
-  while (package->sections.next != &package->sections)
-    free_section(uci_to_section(list_to_element(package->sections.next)));
+  uci_element* section = nullptr;
+  uci_element* next = nullptr;
+  uci_foreach_element_safe(&package->sections, next, section) free_section(uci_to_section(section));
   unlink(package->e);
   delete[] package->e.name;
   delete[] package->path;
@@ -152,7 +156,9 @@ uci_section* add_section(Package& package, std::string_view type, std::string_vi
 }
 
 void free_section(uci_section* section) {
-  while (section->options.next != &section->options) free_option(uci_to_option(list_to_element(section->options.next)));
+  uci_element* option = nullptr;
+  uci_element* next = nullptr;
+  uci_foreach_element_safe(&section->options, next, option) free_option(uci_to_option(option));
   unlink(section->e);
   delete[] section->e.name;
   delete[] section->type;
@@ -188,7 +194,11 @@ void add_to_list(uci_section& section, std::string_view name, std::string_view v
 void remove_from_list(uci_option& option, std::string_view value) {
   if (option.type != UCI_TYPE_LIST) return;
   const std::string kept_value(value);  // may be the text of an item that goes
-  while (uci_element* item = find(option.v.list, kept_value)) free_item(item);
+  uci_element* item = nullptr;
+  uci_element* next = nullptr;
+  uci_foreach_element_safe(&option.v.list, next, item) {
+    if (item->name == kept_value) free_item(item);
+  }
   if (option.v.list.next == &option.v.list) free_option(&option);
 }
 
