@@ -85,7 +85,8 @@ int lease_minutes(int seconds) {
 }
 
 int set_lease_time(Call& call) {
-  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(leading_integer(call.value()))}, "FTSDLT.\n");
+  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(leading_integer(call.value()))},
+                    "FTSDLT.\n");
 }
 
 // ---- DNS servers ----
