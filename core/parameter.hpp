@@ -71,14 +71,15 @@ class Call {
     return call.is_get() ? get(call) : set(call);         \
   }
 
-// Defines a handler that passes its operation and a copy of its arguments, untouched, to another.
-#define ALIAS(alias, target)                            \
-  int32_t alias(int32_t operation, va_list arguments) { \
-    va_list copy;                                       \
-    va_copy(copy, arguments);                           \
-    const int32_t result = target(operation, copy);     \
-    va_end(copy);                                       \
-    return result;                                      \
+// Defines a handler that passes its operation and a copy of its arguments, untouched, to another, and behind them what
+// else that one takes.
+#define ALIAS(alias, target, ...)                                              \
+  int32_t alias(int32_t operation, va_list arguments) {                        \
+    va_list copy;                                                              \
+    va_copy(copy, arguments);                                                  \
+    const int32_t result = target(operation, copy __VA_OPT__(, ) __VA_ARGS__); \
+    va_end(copy);                                                              \
+    return result;                                                             \
   }
 
 // ---- What the words do; ordinary functions, so that a debugger can stop in them ----

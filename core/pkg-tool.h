@@ -105,8 +105,7 @@ KOVA_API void syslog_message(const char* format, ...) KOVA_PRINTF(1, 2);
  * All return 0, or -1 after logging why. Sections are named; list options count as missing. Texts are NUL-terminated.
  */
 
-/* Copies package.section.option of /etc/config whole into `output`, which must be large enough; untouched on failure.
- */
+/* Copies package.section.option of /etc/config whole into `output`, which must have room; untouched on failure. */
 KOVA_API int32_t uci_raw_extract_value(const char* package, const char* section, const char* option, char* output);
 
 /*
@@ -268,8 +267,8 @@ KOVA_API int32_t get_oui(char* output, int32_t length);
 KOVA_API int32_t get_mac_last(char* output, int32_t length);
 
 /*
- * The channels that a radio supports. `instances` names the radio's network as WLANConfiguration does, (1, i) or (i,
- * 0); `variant` 0 is its main network, 1 its extra one. With mode 0 `channel` receives the list, a space after each
+ * The channels that a radio supports. `instances` names the radio's network as WLANConfiguration does: (1, i) or
+ * (i, 0). `variant` 0 is its main network, 1 its extra one. With mode 0 `channel` receives the list, a space after each
  * number (512 bytes are enough), and 0 is returned; with another mode `channel` holds a number, and the result is the
  * mode when the radio supports it, else 0. -1 for no such network, or one without an interface.
  */

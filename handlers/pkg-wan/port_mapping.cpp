@@ -100,16 +100,6 @@ int work(Call& call, int32_t position, const Field& field) {
     return work(call, position, {option, accepted, command});              \
   }
 
-// Defines a handler that passes its operation and a copy of its arguments, untouched, to a worker.
-#define PORT_MAPPING(handler, worker, position)               \
-  int32_t handler(int32_t operation, va_list arguments) {     \
-    va_list copy;                                             \
-    va_copy(copy, arguments);                                 \
-    const int32_t result = worker(operation, copy, position); \
-    va_end(copy);                                             \
-    return result;                                            \
-  }
-
 // clang-format off
 WORKER(PortMapping_ExternalPort,           "src_dport", port,     kQuoted)
 WORKER(PortMapping_InternalPort,           "dest_port", port,     kQuoted)
@@ -118,17 +108,18 @@ WORKER(PortMapping_InternalClient,         "dest_ip",   address,  kBare)
 WORKER(PortMapping_PortMappingDescription, "name",      any_text, kBare)
 
 PARAMETER(WANDevice_WANConnectionDevice_WANIPConnection_PortMappingNumberOfEntries, number_of_mappings, read_only)
-PORT_MAPPING(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_ExternalPort,           PortMapping_ExternalPort,           3)
-PORT_MAPPING(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_InternalPort,           PortMapping_InternalPort,           3)
-PORT_MAPPING(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_PortMappingProtocol,    PortMapping_PortMappingProtocol,    3)
-PORT_MAPPING(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_InternalClient,         PortMapping_InternalClient,         3)
-PORT_MAPPING(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_PortMappingDescription, PortMapping_PortMappingDescription, 3)
+// Last stands the place of the mapping's number among the instance numbers: behind the three of WANDevice, or first.
+ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_ExternalPort,           PortMapping_ExternalPort,           3)
+ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_InternalPort,           PortMapping_InternalPort,           3)
+ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_PortMappingProtocol,    PortMapping_PortMappingProtocol,    3)
+ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_InternalClient,         PortMapping_InternalClient,         3)
+ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_PortMappingDescription, PortMapping_PortMappingDescription, 3)
 
-PORT_MAPPING(NAT_PortMapping_ExternalPort,   PortMapping_ExternalPort,           0)
-PORT_MAPPING(NAT_PortMapping_InternalPort,   PortMapping_InternalPort,           0)
-PORT_MAPPING(NAT_PortMapping_Protocol,       PortMapping_PortMappingProtocol,    0)
-PORT_MAPPING(NAT_PortMapping_InternalClient, PortMapping_InternalClient,         0)
-PORT_MAPPING(NAT_PortMapping_Description,    PortMapping_PortMappingDescription, 0)
+ALIAS(NAT_PortMapping_ExternalPort,   PortMapping_ExternalPort,           0)
+ALIAS(NAT_PortMapping_InternalPort,   PortMapping_InternalPort,           0)
+ALIAS(NAT_PortMapping_Protocol,       PortMapping_PortMappingProtocol,    0)
+ALIAS(NAT_PortMapping_InternalClient, PortMapping_InternalClient,         0)
+ALIAS(NAT_PortMapping_Description,    PortMapping_PortMappingDescription, 0)
 // clang-format on
 ALIAS(NAT_PortMappingNumberOfEntries, WANDevice_WANConnectionDevice_WANIPConnection_PortMappingNumberOfEntries)
 
