@@ -203,40 +203,27 @@ TEST_F(Cellular, SignalStrengthIsTheFirstNumberOfTheModemsAnswer) {
 }
 
 struct CellCase {
+  const char* modem;  // the lab's
   const char* technology;
-  const char* lines;
   const char* pick;       // the line selection of the command
   const char* fields[4];  // RSRP, RSRQ, SINR, CELLID
   const char* values[4];
 };
 
 const CellCase kCells[] = {
-    {"NR5G-SA",
-     R"("+QENG: \"servingcell\",\"NOCONN\",\"NR5G-SA\",\"TDD\",460,01,9B8A1C001,120,1A2B3C,627264,78,100,-81,-11,24,1,-")",
-     "tail -n 1",
-     {"13", "14", "15", "7"},
-     {"-81", "-11", "24", "9B8A1C001"}},
-    {"NR5G-NSA",
-     R"("+QENG: \"servingcell\",\"NOCONN\",\"NR5G-NSA\"",)"
-     R"("+QENG: \"LTE\",\"FDD\",460,01,5F1EA15,12,1650,3,5,5,DE10,-95,-10,-66,13,9,230,-",)"
-     R"("+QENG: \"NR5G-NSA\",460,01,747,-85,12,-11,627264,78,1,1,1,1,1,1,1,1,1")",
-     "tail -n 2 | head -n 1",
-     {"12", "13", "15", "5"},
-     {"-95", "-10", "13", "5F1EA15"}},
-    {"LTE",
-     R"("+QENG: \"servingcell\",\"CONNECT\",\"LTE\",\"FDD\",460,01,5F1EA16,12,1650,3,5,5,DE10,-96,-12,-67,14,8,220,-")",
-     "tail -n 1",
-     {"14", "15", "17", "7"},
-     {"-96", "-12", "14", "5F1EA16"}},
+    {"nr5g-sa", "NR5G-SA", "tail -n 1", {"13", "14", "15", "7"}, {"-92", "-11", "18", "1A2B3C001"}},
+    {"nr5g-nsa", "NR5G-NSA", "tail -n 2 | head -n 1", {"12", "13", "15", "5"}, {"-97", "-12", "14", "2C3D4E2"}},
+    {"lte", "LTE", "tail -n 1", {"14", "15", "17", "7"}, {"-101", "-13", "11", "3D4E5F3"}},
 };
 
 const parameter_handler kCellValues[] = {Cellular_Interface_RSRP, Cellular_Interface_RSRQ, Cellular_Interface_SINR,
                                          Cellular_Interface_CELLID};
 
 TEST_F(Cellular, ServingCellValuesArePickedByAccessTechnology) {
+  modem_is(R"({"script": "/usr/libexec/lab/modem-at"})");
   for (const CellCase& cell : kCells) {
     SCOPED_TRACE(cell.technology);
-    modem_is(serving_cell(cell.lines));
+    write_file("/etc/lab/modem", cell.modem);
     commands().clear();
     EXPECT_EQ(get(Cellular_Interface_CurrentAccessTechnology), answered(cell.technology));
     EXPECT_EQ(commands(), std::vector<std::string>{kServingCell});
