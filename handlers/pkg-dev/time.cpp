@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "command.hpp"
+#include "file.hpp"
 #include "parameter.hpp"
 #include "pkg-dev.h"
 #include "text.hpp"
@@ -36,18 +37,17 @@ int set_time_zone(Call& call) {
 // Every zone is followed by ", ", the last one too.
 int time_zones(Call& call) {
   cwmp_system("/usr/bin/tr069/cwmp-ntp timezonelist");
-  FILE* list = fopen("/tmp/tr069/timezonelist", "r");
-  if (list == nullptr) {
+  File list("/tmp/tr069/timezonelist", "r");
+  if (!list) {
     LOG("read timezonelist error.\n");
     return FAILURE;
   }
   char* end = call.output();
   *end = '\0';
-  for (Text<256> line; fgets(line.data(), Text<256>::capacity(), list) != nullptr;) {
+  for (Text<256> line; list.read_line(line.span());) {
     remove_newline(line.span());
     end = stpcpy(stpcpy(end, line.c_str()), ", ");
   }
-  fclose(list);
   return SUCCESS;
 }
 

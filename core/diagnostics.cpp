@@ -1,0 +1,26 @@
+#include "diagnostics.hpp"
+
+#include "file.hpp"
+#include "text.hpp"
+
+namespace kova {
+
+int reply_diagnostics_state(Call& call, const char* file) {
+  File state(file, "r");
+  if (!state) {
+    constexpr LogMessage kMissing = "FTGDS.\n";
+    kMissing.print(call.origin());
+    return call.reply("None");
+  }
+  Text<100> line;
+  return call.reply(state.read_line(line.span()) ? line.c_str() : "None");
+}
+
+int request_diagnostics(Call& call, const char* file, uint32_t bit) {
+  if (!call.value_is("Requested")) return FAILURE;
+  File state(file, "w");
+  if (!state || !state.write_and_close(call.value())) return refuse(call, "FTSDS.\n");
+  return call.mark(bit);
+}
+
+}  // namespace kova
