@@ -42,6 +42,16 @@ std::optional<std::string> stored(const std::string& directory, const std::strin
   return elements;
 }
 
+void configure(const std::string& path, const std::string& value) {
+  const Context context = open_store("/etc/config");
+  std::string text = path;
+  uci_ptr element = {};
+  if (uci_lookup_ptr(context.get(), &element, text.data(), true) != UCI_OK) throw std::runtime_error("no " + path);
+  element.value = value.c_str();
+  if (uci_set(context.get(), &element) != UCI_OK || uci_commit(context.get(), &element.p, false) != UCI_OK)
+    throw std::runtime_error("cannot set " + path);
+}
+
 std::optional<std::string> contents(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
@@ -66,16 +76,6 @@ std::optional<std::string> DeviceTest::config(const std::string& path) { return 
 std::optional<std::string> DeviceTest::mirror(const std::string& path) { return stored_at("/tmp/cwmp-config", path); }
 std::optional<std::string> DeviceTest::forced_mirror(const std::string& path) {
   return stored_at("/tmp/cwmp-config-force", path);
-}
-
-void DeviceTest::configure(const std::string& path, const std::string& value) {
-  const Context context = open_store("/etc/config");
-  std::string text = path;
-  uci_ptr element = {};
-  if (uci_lookup_ptr(context.get(), &element, text.data(), true) != UCI_OK) throw std::runtime_error("no " + path);
-  element.value = value.c_str();
-  if (uci_set(context.get(), &element) != UCI_OK || uci_commit(context.get(), &element.p, false) != UCI_OK)
-    throw std::runtime_error("cannot set " + path);
 }
 
 std::string DeviceTest::task_record() { return contents("/tmp/tr069/cmd_record").value_or(""); }

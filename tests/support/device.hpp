@@ -15,6 +15,9 @@ namespace kova::test {
 std::optional<std::string> stored(const std::string& directory, const std::string& package, const std::string& section,
                                   const std::string& option);
 
+// Changes the main store behind the plug-in's back; an empty value removes the option. "package.section.option".
+void configure(const std::string& path, const std::string& value);
+
 std::optional<std::string> contents(const std::string& path);
 void write_file(const std::string& path, const std::string& text);
 
@@ -27,9 +30,6 @@ class DeviceTest : public testing::Test {
   static std::optional<std::string> config(const std::string& path);
   static std::optional<std::string> mirror(const std::string& path);
   static std::optional<std::string> forced_mirror(const std::string& path);
-
-  // Changes the main store behind the plug-in's back; an empty value removes the option.
-  static void configure(const std::string& path, const std::string& value);
 
   // The task records; empty when there is none.
   static std::string task_record();

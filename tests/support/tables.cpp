@@ -1,0 +1,140 @@
+#include "support/tables.hpp"
+
+#include <algorithm>
+
+#include "support/catalogue.hpp"
+
+namespace kova::test {
+namespace {
+
+std::string told(const std::string& path, const std::string& value) {
+  return path + (value.empty() ? " (none)" : " = " + value);
+}
+
+std::string name_of(parameter_handler handler) {
+  const auto* const row = std::find_if(std::begin(kCatalogue), std::end(kCatalogue),
+                                       [=](const Row& candidate) { return candidate.handler == handler; });
+  return row != std::end(kCatalogue) ? row->name : "(not in the catalogue)";
+}
+
+std::string name_of(const At& at) {
+  std::string name = name_of(at.handler) + " (";
+  for (const int32_t number : at.instances) name += std::to_string(number) + ' ';
+  name.back() = ')';
+  return name;
+}
+
+// For the time of a row: the source in place, nothing observed yet; everything as it was before at the end.
+class RowScope {
+ public:
+  explicit RowScope(const Source& source) {
+    source.put();
+    seams().commands.clear();
+    seams().syslog.clear();
+  }
+  ~RowScope() {
+    device_.restore();
+    seams() = seams_;
+  }
+  RowScope(const RowScope&) = delete;
+  RowScope& operator=(const RowScope&) = delete;
+
+ private:
+  DeviceState device_;
+  Seams seams_ = seams();
+};
+
+std::string answer_file(const std::string& object) { return "/etc/lab/bus/" + object + "/status.json"; }
+
+}  // namespace
+
+// ---- Sources ----
+
+Source operator&&(const Source& first, const Source& second) {
+  Source both{[=] {
+    first.put();
+    second.put();
+  }};
+  for (const Source& source : {first, second})
+    both.commands.insert(both.commands.end(), source.commands.begin(), source.commands.end());
+  return both;
+}
+
+Source option(const std::string& path, const std::string& value) {
+  return {[=] { configure(path, value); }};
+}
+
+Source package(const std::string& name, const std::string& text) { return file("/etc/config/" + name, text); }
+
+Source file(const std::string& path, const std::string& text) {
+  return {[=] {
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    write_file(path, text);
+  }};
+}
+
+Source no_file(const std::string& path) {
+  return {[=] { std::filesystem::remove_all(path); }};
+}
+
+Source prints(const std::string& command, const std::string& output) {
+  return {[=] { seams().answer(command, output); }, {command}};
+}
+
+Source exits(int status) {
+  return {[=] { seams().system_status = [status](const std::string& /*command*/) { return &status; }; }};
+}
+
+Source status(const std::string& object, const std::string& answer) { return file(answer_file(object), answer); }
+Source no_status(const std::string& object) { return no_file(answer_file(object)); }
+
+// ---- Effects ----
+
+std::string stores(const std::string& path, const std::string& value) { return "stores " + told(path, value); }
+std::string changes(const std::string& path, const std::string& value) { return "changes " + told(path, value); }
+std::string mirrors(const std::string& path, const std::string& value) { return "mirrors " + told(path, value); }
+std::string forces(const std::string& path, const std::string& value) { return "forces " + told(path, value); }
+std::string records(const std::string& line) { return "records " + line; }
+std::string records_once(const std::string& line) { return "records once " + line; }
+std::string writes(const std::string& path, const std::string& contents) { return "writes " + told(path, contents); }
+std::string removes(const std::string& path) { return "removes " + path; }
+std::string runs(const std::string& command) { return "runs " + command; }
+std::string logs(const std::string& message) { return "logs " + message; }
+
+std::vector<std::string> family_messages() {
+  std::vector<std::string> messages;
+  for (const std::string& line : seams().syslog) {
+    if (!line.starts_with("pkg-tool.c, ")) messages.push_back(line.substr(line.find(": ") + 2));
+  }
+  return messages;
+}
+
+// ---- Rows ----
+
+void TableTest::expect_gets(const std::vector<Get>& rows) {
+  for (const Get& row : rows) {
+    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": get " + name_of(row.at));
+    const RowScope scope(row.source);
+    EXPECT_EQ(get(row.at.handler, row.at.instances), static_cast<const Answer&>(row.reply));
+    std::string log;
+    for (const std::string& message : family_messages()) log += message;
+    EXPECT_EQ(log, row.log);
+    for (const std::string& command : row.source.commands)
+      EXPECT_NE(std::count(commands().begin(), commands().end(), command), 0) << "not run: " << command;
+  }
+}
+
+void TableTest::expect_sets(const std::vector<Set>& rows) {
+  for (const Set& row : rows) {
+    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": set " + name_of(row.at) + " to \"" + row.value + '"');
+    const RowScope scope(row.before);
+    const DeviceState before;
+    EXPECT_EQ(set(row.at.handler, row.value, row.at.instances), row.outcome);
+    Effects effects = before.effects();
+    for (const std::string& command : commands()) effects.push_back(runs(command));
+    for (const std::string& message : family_messages()) effects.push_back(logs(message));
+    EXPECT_EQ(effects, row.effects);
+  }
+}
+
+}  // namespace kova::test
