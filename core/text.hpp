@@ -4,7 +4,9 @@
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -16,7 +18,9 @@ namespace kova {
 // Copies `source` into `target`, cut to what fits with its terminator.
 inline void copy_text(std::span<char> target, std::string_view source) {
   if (target.empty()) return;
-  const std::size_t length = source.copy(target.data(), target.size() - 1);
+  // Not source.copy(), whose failure is a function of the C++ run-time library.
+  const std::size_t length = std::min(source.size(), target.size() - 1);
+  memcpy(target.data(), source.data(), length);
   target[length] = '\0';
 }
 

@@ -83,22 +83,26 @@ bool from_platform(const std::string& name) {
   return name.starts_with("uci_") || name.starts_with("ubus_") || name.starts_with("blob");
 }
 
-TEST(Exports, AreTheCatalogueAndTheSharedHelpers) {
+class Exports : public testing::TestWithParam<const char*> {};
+
+TEST_P(Exports, AreTheCatalogueAndTheSharedHelpers) {
   Names expected = kSharedHelpers;
   for (const Row& row : kCatalogue) expected.insert(row.name);
-  EXPECT_EQ(Library(PLUGIN).visible, expected);
+  EXPECT_EQ(Library(GetParam()).visible, expected);
 }
 
-TEST(Exports, NothingIsNeededButTheCLibraryAndThePlatform) {
-  if (SANITIZED) GTEST_SKIP() << "sanitizers bring a library of their own";
-  const Library library(PLUGIN);
+TEST_P(Exports, NothingIsNeededButTheCLibraryAndThePlatform) {
+  const Library library(GetParam());
   EXPECT_EQ(library.needed, Names{"libc.so.6"});
   void* const c_library = dlopen("libc.so.6", RTLD_NOW);
   for (const std::string& name : library.undefined) {
     if (from_platform(name)) continue;
     EXPECT_NE(dlsym(c_library, name.c_str()), nullptr) << name;
   }
+  EXPECT_NE(dlopen(GetParam(), RTLD_NOW | RTLD_LOCAL), nullptr) << dlerror();
 }
+
+INSTANTIATE_TEST_SUITE_P(EveryBuild, Exports, testing::Values(PLUGIN, SMALL_PLUGIN, DEBUG_PLUGIN));
 
 }  // namespace
 }  // namespace kova::test

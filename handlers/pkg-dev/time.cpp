@@ -62,7 +62,7 @@ const char* list_element(uci_option* list, int position) {
   return nullptr;
 }
 
-int get_NTPtimeserver(int position, std::span<char> server) {
+int get_NTPtimeserver(int position, char* output) {
   const WalkedPackage system("system", HERE, "[ERR]uci failed to load config:system\n");
   if (!system) return FAILURE;
   for (uci_section* timeserver : system.sections("timeserver")) {
@@ -73,16 +73,16 @@ int get_NTPtimeserver(int position, std::span<char> server) {
     }
     const char* name = servers->type == UCI_TYPE_LIST ? list_element(servers, position) : nullptr;
     if (name == nullptr) continue;
-    copy_text(server, name);
+    strcpy(output, name);
     return SUCCESS;
   }
   return FAILURE;
 }
 
 int reply_ntp_server(Call& call, int position) {
-  Text<256> server;
-  get_NTPtimeserver(position, server.span());
-  return call.reply(server.c_str());
+  call.reply("");
+  get_NTPtimeserver(position, call.output());
+  return SUCCESS;
 }
 
 constexpr auto ntp_server(int position) {

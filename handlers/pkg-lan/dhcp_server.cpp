@@ -67,13 +67,13 @@ int set_last_address(Call& call) {
 // ---- Lease time: minutes or, with an "h", hours in the store; seconds in the data model ----
 
 int lease_time(Call& call) {
-  Text<64> stored;
-  if (read_option(dhcp, "leasetime", stored.span()) != SUCCESS) {
+  // The "h" may stand anywhere in a text of any length.
+  if (uci_raw_extract_value(dhcp.package, dhcp.name, "leasetime", call.output()) != 0) {
     LOG("FTGDLTE.\n\n");
     return FAILURE;
   }
-  const int unit = strchr(stored.c_str(), 'h') != nullptr ? 3600 : 60;
-  return call.reply_number(static_cast<long long>(leading_integer(stored.c_str())) * unit);
+  const int unit = strchr(call.output(), 'h') != nullptr ? 3600 : 60;
+  return call.reply_number(static_cast<long long>(leading_integer(call.output())) * unit);
 }
 
 // As the script wants it: forever is the longest time that fits, and less than a minute is one.

@@ -1,4 +1,6 @@
 // Hosts: the LAN's hosts in both trees, one row of the generated table each.
+#include <string.h>
+
 #include "parameter.hpp"
 #include "pkg-lan.h"
 #include "text.hpp"
@@ -17,8 +19,6 @@ constexpr Row LAN_ROW{1};
 constexpr Row HOSTS_ROW{0};
 constexpr Row HOSTS_NAME_ROW{0, "locate error\n"};
 
-using Field = Text<256>;
-
 bool located(const Call& call, const Row& row) {
   for (std::size_t i = 0; i <= row.position; ++i) {
     if (call.instance(i) == 0) return false;
@@ -26,18 +26,17 @@ bool located(const Call& call, const Row& row) {
   return true;
 }
 
-// Reads an option of the call's row. FAILURE when there is no such row or option.
-int read_host(const Call& call, const Row& row, const char* option, Field& value) {
+// Replies an option of the call's row whole. FAILURE, and nothing replied, when there is no such row or option.
+int read_host(Call& call, const Row& row, const char* option) {
   Text<12> section;
   section.print("%d", call.instance(row.position));
-  return read_state_option({"hosts", section.c_str()}, option, value.span());
+  return uci_raw_extract_value_By_path("hosts", section.c_str(), option, call.output());
 }
 
 int reply_host(Call& call, const Row& row, const char* option, const char* fallback, const LogMessage& missing) {
   generate_host_info();
   if (!located(call, row)) return refuse(call, row.unlocated);
-  Field value;
-  if (read_host(call, row, option, value) == SUCCESS) return call.reply(value.c_str());
+  if (read_host(call, row, option) == SUCCESS) return SUCCESS;
   missing.print(call.origin());
   return call.reply(fallback);
 }
@@ -48,9 +47,8 @@ constexpr auto host_field(Row row, const char* option, const char* fallback, Log
 
 int host_count(Call& call) {
   generate_host_info();
-  Field count;
-  const bool read = read_state_option({"hosts", "info"}, "count", count.span()) == SUCCESS;
-  return call.reply(read ? count.c_str() : "0");
+  const bool read = uci_raw_extract_value_By_path("hosts", "info", "count", call.output()) == SUCCESS;
+  return read ? SUCCESS : call.reply("0");
 }
 
 // ---- The interface that a host was seen on, as each tree refers to it ----
@@ -68,9 +66,10 @@ constexpr Reference kReferences[] = {
     {nullptr, "InternetGatewayDevice.LANDevice.1.LANEthernetInterfaceConfig.1", "Device.Ethernet.Interface.2."},
 };
 
-const Reference& reference_for(const Field& device_interface) {
+const Reference& reference_for(const char* device_interface) {
   const Reference* reference = kReferences;
-  while (reference->device_interface != nullptr && !(device_interface == reference->device_interface)) ++reference;
+  while (reference->device_interface != nullptr && strcmp(device_interface, reference->device_interface) != 0)
+    ++reference;
   return *reference;
 }
 
@@ -79,21 +78,20 @@ template <typename Refer>
 int reply_reference(Call& call, const Row& row, Refer refer) {
   generate_host_info();
   if (!located(call, row)) return refuse(call, row.unlocated);
-  Field device_interface;
-  if (read_host(call, row, "lay2if", device_interface) != SUCCESS) return call.reply("");
-  return call.reply(refer(device_interface));
+  if (read_host(call, row, "lay2if") != SUCCESS) return call.reply("");
+  return call.reply(refer(call.output()));
 }
 
 int lan_device_reference(Call& call) {
-  return reply_reference(call, LAN_ROW, [](const Field& interface) { return reference_for(interface).lan_device; });
+  return reply_reference(call, LAN_ROW, [](const char* interface) { return reference_for(interface).lan_device; });
 }
 
 int layer1_reference(Call& call) {
-  return reply_reference(call, HOSTS_ROW, [](const Field& interface) { return reference_for(interface).device; });
+  return reply_reference(call, HOSTS_ROW, [](const char* interface) { return reference_for(interface).device; });
 }
 
 int layer3_reference(Call& call) {
-  return reply_reference(call, HOSTS_ROW, [](const Field&) { return "Device.IP.Interface.2."; });
+  return reply_reference(call, HOSTS_ROW, [](const char*) { return "Device.IP.Interface.2."; });
 }
 
 constexpr auto lease_is_read_only = refused("FTSHLTR.\n");

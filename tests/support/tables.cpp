@@ -11,13 +11,7 @@ std::string told(const std::string& path, const std::string& value) {
   return path + (value.empty() ? " (none)" : " = " + value);
 }
 
-std::string name_of(parameter_handler handler) {
-  const auto* const row = std::find_if(std::begin(kCatalogue), std::end(kCatalogue),
-                                       [=](const Row& candidate) { return candidate.handler == handler; });
-  return row != std::end(kCatalogue) ? row->name : "(not in the catalogue)";
-}
-
-std::string name_of(const At& at) {
+std::string described(const At& at) {
   std::string name = name_of(at.handler) + " (";
   for (const int32_t number : at.instances) name += std::to_string(number) + ' ';
   name.back() = ')';
@@ -47,6 +41,12 @@ class RowScope {
 std::string answer_file(const std::string& object) { return "/etc/lab/bus/" + object + "/status.json"; }
 
 }  // namespace
+
+std::string name_of(parameter_handler handler) {
+  const auto* const row = std::find_if(std::begin(kCatalogue), std::end(kCatalogue),
+                                       [=](const Row& candidate) { return candidate.handler == handler; });
+  return row != std::end(kCatalogue) ? row->name : "(not in the catalogue)";
+}
 
 // ---- Sources ----
 
@@ -113,7 +113,7 @@ std::vector<std::string> family_messages() {
 
 void TableTest::expect_gets(const std::vector<Get>& rows) {
   for (const Get& row : rows) {
-    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": get " + name_of(row.at));
+    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": get " + described(row.at));
     const RowScope scope(row.source);
     EXPECT_EQ(get(row.at.handler, row.at.instances), static_cast<const Answer&>(row.reply));
     std::string log;
@@ -126,7 +126,7 @@ void TableTest::expect_gets(const std::vector<Get>& rows) {
 
 void TableTest::expect_sets(const std::vector<Set>& rows) {
   for (const Set& row : rows) {
-    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": set " + name_of(row.at) + " to \"" + row.value + '"');
+    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": set " + described(row.at) + " to \"" + row.value + '"');
     const RowScope scope(row.before);
     const DeviceState before;
     EXPECT_EQ(set(row.at.handler, row.value, row.at.instances), row.outcome);

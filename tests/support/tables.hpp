@@ -86,6 +86,9 @@ class TableTest : public DeviceTest {
   static void expect_sets(const std::vector<Set>& rows);
 };
 
+// The name that the catalogue has for it.
+std::string name_of(parameter_handler handler);
+
 // What the family has logged since the test or the row began, message by message.
 std::vector<std::string> family_messages();
 
