@@ -16,7 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kRoots[] = {"/etc/config", "/etc/lab", "/tmp", "/var/run", "/var/state"};
+// What belongs to the device's state, all of it that /sbin/lab-reset makes anew.
+constexpr const char* kRoots[] = {"/etc/config",     "/etc/lab",       "/etc/profile.d",  "/etc/rom_version",
+                                  "/etc/TZ",         "/etc/localtime", "/sys/class/leds", "/tmp",
+                                  "/usr/bin/bdinfo", "/usr/bin/ddns",  "/usr/bin/iwinfo", "/usr/bin/tr069",
+                                  "/var/etc",        "/var/run",       "/var/state"};
 const fs::path kMainStore = "/etc/config";
 const fs::path kMirror = "/tmp/cwmp-config";
 const fs::path kForcedMirror = "/tmp/cwmp-config-force";
@@ -158,20 +162,26 @@ std::vector<std::string> lines_of(const std::string& text) {
 }  // namespace
 
 DeviceState::DeviceState() {
-  for (const char* root : kRoots) {
+  for (const fs::path root : kRoots) {
+    note(root);
     std::error_code missing;
     for (auto entry = fs::recursive_directory_iterator(root, missing); entry != fs::recursive_directory_iterator();
          ++entry) {
       if (is_foreign(entry->path())) {
         entry.disable_recursion_pending();
-      } else if (entry->is_directory()) {
-        directories_.insert(entry->path());
-      } else if (entry->is_regular_file()) {
-        files_[entry->path()] = contents(entry->path()).value_or("");
+      } else {
+        note(entry->path());
       }
     }
-    directories_.insert(root);
   }
+}
+
+void DeviceState::note(const fs::path& path) {
+  const fs::file_status status = fs::symlink_status(path);
+  if (fs::is_directory(status)) directories_.insert(path);
+  if (!fs::is_regular_file(status)) return;
+  files_[path] = contents(path).value_or("");
+  permissions_[path] = status.permissions();
 }
 
 void DeviceState::restore() const {
@@ -185,7 +195,9 @@ void DeviceState::restore() const {
   for (const fs::path& path : directories_) fs::create_directories(path);
   for (const auto& [path, text] : files_) {
     const auto present = now.files_.find(path);
-    if (present == now.files_.end() || present->second != text) write_file(path, text);
+    if (present != now.files_.end() && present->second == text) continue;
+    write_file(path, text);
+    fs::permissions(path, permissions_.at(path));
   }
 }
 

@@ -23,7 +23,10 @@ class DeviceState {
   bool operator==(const DeviceState& other) const = default;
 
  private:
+  void note(const std::filesystem::path& path);
+
   std::map<std::filesystem::path, std::string> files_;
+  std::map<std::filesystem::path, std::filesystem::perms> permissions_;  // of the files
   std::set<std::filesystem::path> directories_;
 };
 

@@ -126,7 +126,8 @@ void TableTest::expect_gets(const std::vector<Get>& rows) {
 
 void TableTest::expect_sets(const std::vector<Set>& rows) {
   for (const Set& row : rows) {
-    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": set " + described(row.at) + " to \"" + row.value + '"');
+    SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": set " + described(row.at) + " to \"" + row.value +
+                 '"');
     const RowScope scope(row.before);
     const DeviceState before;
     EXPECT_EQ(set(row.at.handler, row.value, row.at.instances), row.outcome);
