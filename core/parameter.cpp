@@ -8,7 +8,8 @@
 
 namespace kova {
 
-Call::Call(int32_t operation, va_list arguments, Origin origin) : origin_(origin), is_get_(operation == 0) {
+Call::Call(int32_t operation, va_list arguments, Origin origin) : operation_(operation), origin_(origin) {
+  va_copy(as_given_, arguments);
   va_copy(arguments_, arguments);
   instances_ = va_arg(arguments_, const int32_t*);
   text_ = va_arg(arguments_, char*);
@@ -28,6 +29,14 @@ int Call::reply_number(long long number) {
 int Call::mark(uint32_t bits) {
   *static_cast<uint32_t*>(third()) |= bits;
   return SUCCESS;
+}
+
+int Call::forward(parameter_handler handler) {
+  va_list copy;
+  va_copy(copy, as_given_);
+  const int result = handler(operation_, copy);
+  va_end(copy);
+  return result;
 }
 
 void* Call::third() {

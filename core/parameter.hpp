@@ -25,11 +25,14 @@ class Call {
  public:
   // `arguments` is copied, never shared; `origin` is the parameter's line, under which its words log.
   Call(int32_t operation, va_list arguments, Origin origin);
-  ~Call() { va_end(arguments_); }
+  ~Call() {
+    va_end(arguments_);
+    va_end(as_given_);
+  }
   Call(const Call&) = delete;
   Call& operator=(const Call&) = delete;
 
-  bool is_get() const { return is_get_; }
+  bool is_get() const { return operation_ == 0; }
   Origin origin() const { return origin_; }
 
   // The instance number at `position` of the path's placeholders, outermost 0.
@@ -51,15 +54,20 @@ class Call {
   // Set: ORs bits into the agent's apply mask. Returns SUCCESS.
   int mark(uint32_t bits);
 
+  // Has another handler do the call, with the operation and a copy of the arguments as they were given. Returns its
+  // result.
+  int forward(parameter_handler handler);
+
  private:
   void* third();
 
+  int32_t operation_;
+  va_list as_given_;
   va_list arguments_;
   Origin origin_;
   const int32_t* instances_;
   char* text_;
   void* third_ = nullptr;
-  bool is_get_;
 };
 
 // Defines the exported handler.
@@ -134,5 +142,12 @@ inline constexpr auto read_only = refused();
 
 // Accepts every value and does nothing.
 inline constexpr auto ignored = [](Call&) { return SUCCESS; };
+
+// ---- Getters and setters ----
+
+// What another handler does; for words that choose one. Where there is no choice an ALIAS forwards.
+constexpr auto forward_to(parameter_handler handler) {
+  return [=](Call& call) { return call.forward(handler); };
+}
 
 }  // namespace kova
