@@ -32,7 +32,11 @@ const Names kSharedHelpers = {"normal_debug_print", "syslog_message",
                               "get_device_sn", "GetChannelPoll", "dhcp_calc_ipaddr_pool", "dhcp_calc_pool_range",
                               // port mappings
                               "PortMapping_ExternalPort", "PortMapping_InternalPort", "PortMapping_PortMappingProtocol",
-                              "PortMapping_InternalClient", "PortMapping_PortMappingDescription"};
+                              "PortMapping_InternalClient", "PortMapping_PortMappingDescription",
+                              // static routes
+                              "Router_IPv4ForwardingNumberOfEntries", "Router_IPv4Forwarding_StaticRoute",
+                              "Router_IPv4Forwarding_Interface", "Router_IPv4Forwarding_DestIPAddress",
+                              "Router_IPv4Forwarding_DestSubnetMask", "Router_IPv4Forwarding_GatewayIPAddress"};
 
 // The dynamic section of the library, as the loader sees it.
 class Library {

@@ -131,6 +131,13 @@ TEST_F(HandlerForm, HandlersWorkOnACopyOfTheList) {
   uint32_t mask = 0x80000000;
   EXPECT_EQ(call_twice(ManagementServer_Username, 1, kFirstRow, "cpe", &mask), std::pair(0, 0));
   EXPECT_EQ(mask, 0x80000000 | APPLY_MANAGEMENT);
+
+  // What is forwarded is a copy of the list as it was given.
+  const int32_t lan[] = {2, 1};
+  EXPECT_EQ(call_twice(IP_Interface_IPv4Address_IPAddress, 0, lan, url, &agent), std::pair(0, 0));
+  EXPECT_STREQ(url, "192.168.1.1");
+  EXPECT_EQ(call_twice(IP_Interface_IPv4Address_IPAddress, 1, lan, "192.168.1.2", &mask), std::pair(0, 0));
+  EXPECT_EQ(mask, 0x80000000 | APPLY_MANAGEMENT | APPLY_TASK_COMMANDS);
 }
 
 TEST_F(HandlerForm, EveryOperationButZeroSets) {

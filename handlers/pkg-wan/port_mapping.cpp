@@ -1,10 +1,8 @@
 // PortMapping: the firewall's redirect rules, numbered from 1 as they stand. The data model shows them three times.
-#include <stdlib.h>
 #include <string.h>
 
 #include "parameter.hpp"
 #include "pkg-wan.h"
-#include "text.hpp"
 #include "wan.hpp"
 
 namespace {
@@ -43,12 +41,6 @@ const char* protocol(const Call& call) {
   return nullptr;
 }
 
-const char* address(const Call& call) {
-  if (checkValidIP(call.value()) == 1) return call.value();
-  LOG("mal format ip\n");
-  return nullptr;
-}
-
 const char* any_text(const Call& call) { return call.value(); }
 
 // ---- Changes: written at once, taken over by the firewall when the agent runs the recorded command ----
@@ -63,17 +55,10 @@ struct Field {
   const char* command;
 };
 
-// A number that no mapping has leaves nothing to write. FAILURE only without the firewall, or when the command would
-// be cut; that the command itself fails goes unnoticed.
 int write_field(int32_t number, const Field& field, const char* value) {
   const WalkedPackage firewall("firewall", HERE, kNoFirewall);
   if (!firewall) return FAILURE;
-  const uci_section* mapping = firewall.sections("redirect").nth(number);
-  if (mapping == nullptr) return SUCCESS;
-  Text<1024> command;
-  if (!command.print(field.command, mapping->e.name, field.option, value)) return FAILURE;
-  [[maybe_unused]] const int status = system(command.c_str());
-  return SUCCESS;
+  return write_at_once(field.command, firewall.sections("redirect").nth(number), field.option, value);
 }
 
 int set_field(Call& call, int32_t number, const Field& field) {
@@ -104,7 +89,7 @@ int work(Call& call, int32_t position, const Field& field) {
 WORKER(PortMapping_ExternalPort,           "src_dport", port,     kQuoted)
 WORKER(PortMapping_InternalPort,           "dest_port", port,     kQuoted)
 WORKER(PortMapping_PortMappingProtocol,    "proto",     protocol, kQuoted)
-WORKER(PortMapping_InternalClient,         "dest_ip",   address,  kBare)
+WORKER(PortMapping_InternalClient,         "dest_ip",   address_value, kBare)
 WORKER(PortMapping_PortMappingDescription, "name",      any_text, kBare)
 
 PARAMETER(WANDevice_WANConnectionDevice_WANIPConnection_PortMappingNumberOfEntries, number_of_mappings, read_only)

@@ -18,4 +18,26 @@ int reply_up(Call& call, const char* interface, const UpTexts& texts) {
   return call.reply(flag == "0" ? texts.down : texts.other);
 }
 
+int live_dns_servers(Call& call) {
+  call.reply("");
+  // Read where it is to go, as no buffer of one's own is large enough for any number of servers.
+  if (netif_get_interface_status(kWan, INTERFACE_DNS_SERVERS, call.output(), INT32_MAX) != 0) call.reply("");
+  return SUCCESS;
+}
+
+const char* address_value(const Call& call) {
+  if (checkValidIP(call.value()) == 1) return call.value();
+  static constexpr LogMessage kMalformed = "mal format ip\n";
+  kMalformed.print(call.origin());
+  return nullptr;
+}
+
+int write_at_once(const char* form, const uci_section* row, const char* option, const char* value) {
+  if (row == nullptr) return SUCCESS;
+  Text<1024> command;
+  if (!command.print(form, row->e.name, option, value)) return FAILURE;
+  [[maybe_unused]] const int status = system(command.c_str());
+  return SUCCESS;
+}
+
 }  // namespace kova

@@ -51,15 +51,6 @@ bool is_ppp_in_any_case(const Protocol& protocol) {
   return strcasecmp(protocol.c_str(), "pppoe") == 0 || strcasecmp(protocol.c_str(), "l2tp") == 0;
 }
 
-// What `word` does while PPP is configured; else replies `otherwise`. Fails when the protocol cannot be read.
-constexpr auto if_protocol(bool (*test)(const Protocol&), auto word, const char* otherwise) {
-  return [=](Call& call) {
-    Protocol protocol;
-    if (read_protocol(protocol) != SUCCESS) return FAILURE;
-    return test(protocol) ? word(call) : call.reply(otherwise);
-  };
-}
-
 constexpr auto if_ppp(auto word) { return if_protocol(is_ppp, word, ""); }
 
 // ---- Switch: of PPPoE alone, L2TP counts as off ----
