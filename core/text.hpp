@@ -27,6 +27,12 @@ inline void copy_text(std::span<char> target, std::string_view source) {
 // The integer that a text begins with, 0 without one. As atoi, but one that does not fit has its low bits, everywhere.
 inline int leading_integer(const char* text) { return static_cast<int>(strtol(text, nullptr, 10)); }
 
+// True when the number that `text` begins with lies in this range, both ends included; without a number it is 0.
+inline bool number_between(const char* text, int lowest, int highest) {
+  const long number = strtol(text, nullptr, 10);
+  return number >= lowest && number <= highest;
+}
+
 // A NUL-terminated text of at most Size - 1 characters, empty at first.
 template <std::size_t Size>
 class Text {

@@ -1,15 +1,8 @@
 #include "wan.hpp"
 
-#include <stdlib.h>
-
 namespace kova {
 
 int read_protocol(Protocol& protocol) { return read_option(wan, "proto", protocol.span()); }
-
-bool number_between(const char* text, int lowest, int highest) {
-  const long number = strtol(text, nullptr, 10);
-  return number >= lowest && number <= highest;
-}
 
 int reply_up(Call& call, const char* interface, const UpTexts& texts) {
   const Text<30> flag = interface_status<30>(interface, INTERFACE_UP);

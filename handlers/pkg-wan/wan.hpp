@@ -15,9 +15,6 @@ inline constexpr Section wan{"network", kWan};
 using Protocol = Text<32>;
 int read_protocol(Protocol& protocol);
 
-// True when the number that `text` begins with lies in this range, both ends included; without a number it is 0.
-bool number_between(const char* text, int lowest, int highest);
-
 // What the texts of an interface's up flag stand for.
 struct UpTexts {
   const char* up;
