@@ -1,4 +1,5 @@
 /* Every family of parameters. No guard: a catalogue includes this list a second time, for its rows. */
+#include "pkg-br/pkg-br.h"
 #include "pkg-dev/pkg-dev.h"
 #include "pkg-diag/pkg-diag.h"
 #include "pkg-lan/pkg-lan.h"

@@ -1,4 +1,5 @@
 // The simulated router itself: what its scripts and its bus make of its configuration, as the plug-in meets it.
+#include "pkg-br/pkg-br.h"
 #include "pkg-diag/pkg-diag.h"
 #include "pkg-mobile/pkg-mobile.h"
 #include "pkg-wan/pkg-wan.h"
@@ -100,6 +101,8 @@ TEST_F(Lab, TheVerifyScriptAppliesWhatFits) {
       {"pppoe_servicename", "''", "network.wan.service", std::nullopt},
       {"pppoe_access", "ac-2", "network.wan.ac", "ac-2"},
       {"pppoe_mtu", "1400", "network.wan.pppoe_mtu", "1400"},
+      {"iptv_vlan_enable", "0", "network.iptv.enabled", "0"},
+      {"iptv_type_LAN_set", "lan1 voip", "network.iptv.lan1", "voip"},
   };
   for (const Setting& setting : settings) {
     EXPECT_EQ(verify(setting.key + " " + setting.value), "1") << setting.key;
@@ -128,6 +131,10 @@ TEST_F(Lab, TheVerifyScriptRefusesTheRestAndChangesNothing) {
                                 "static_mtu 0x400",
                                 "wan_ip 0.0.0.0",
                                 "wan_gate 255.255.255.255",
+                                "iptv_vlan_enable on",
+                                "iptv_type_LAN_set lan4 iptv",
+                                "iptv_type_LAN_set eth1 iptv",
+                                "iptv_type_LAN_set lan1 Internet",
                                 "unknown 1",
                                 "lan_ip"}) {
     EXPECT_EQ(verify("wan_ip 192.0.2.10"), "1");
@@ -154,6 +161,36 @@ TEST_F(Lab, AStaticWanIsWhatIsConfigured) {
   EXPECT_EQ(status(INTERFACE_MASK), "255.255.240.0");
   EXPECT_EQ(status(INTERFACE_NEXTHOP), "10.0.0.1");
   EXPECT_EQ(status(INTERFACE_DNS_SERVERS), "10.0.0.3");
+}
+
+TEST_F(Lab, ALanPortIsInTheBridgeOfItsService) {
+  const auto move_second_port = [](const std::string& service) {
+    set(X_KOVA_IPTV_VLANTYPE_LAN, service, {2});
+    std::string bridges = get(X_KOVA_IPTV_VLANTYPE_LAN, {2}).text;
+    for (const char* bridge : {"br-lan", "br-iptv"}) {
+      char members[64] = {};
+      netif_get_device_status(bridge, DEVICE_BRIDGE_MEMBERS, members, sizeof members);
+      bridges += std::string("; ") + members;
+    }
+    return bridges;
+  };
+  EXPECT_EQ(move_second_port("iptv"), "iptv; eth1,ra0,ra1,rai0,rai1; eth2,eth3");
+  EXPECT_EQ(move_second_port("Internet"), "Internet; eth1,eth2,ra0,ra1,rai0,rai1; eth3");
+}
+
+TEST_F(Lab, LimitsAndVlansAreLoadedAsConfigured) {
+  set(X_KOVA_QoS_Enable, "1");
+  set(X_KOVA_QoS_Upband, "1000");
+  EXPECT_EQ(set(X_KOVA_QoS_Downband, "much"), accepted(APPLY_QOS));
+  EXPECT_EQ(get(X_KOVA_QoS_Downband), answered("250000"));
+  EXPECT_EQ(run("/usr/bin/tr069/apply/qos >/dev/null"), 0);
+  EXPECT_EQ(contents("/tmp/qos"), "eth0 upload 1000 kbit/s\neth0 download 250000 kbit/s\n");
+
+  set(Layer2Bridging_Bridge_VLAN_VLANID, "20");
+  EXPECT_EQ(run("/usr/bin/tr069/apply/vlan >/dev/null"), 0);
+  EXPECT_EQ(contents("/tmp/vlans"), "internet 40 priority 0\niptv 31 priority 4\nvoip 21 priority 5\n");
+  configure("network.iptv.voip_vlan", "none");
+  EXPECT_NE(run("/usr/bin/tr069/apply/vlan >/dev/null 2>&1"), 0);
 }
 
 TEST_F(Lab, TheDynamicDnsServiceIsConnectedToTheActiveProvider) {
