@@ -1,5 +1,6 @@
 // The channels that a radio supports.
 #include <ctype.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include "command.hpp"
@@ -42,13 +43,14 @@ int32_t GetChannelPoll(int32_t mode, const void* /*unused*/, char* channel, cons
   Text<256> line;
   pipe.read_line(line.span());
 
-  const int wanted = mode != 0 ? leading_integer(channel) : 0;
+  // Numbers as strtol has them: one that is too large is none of a radio's, whatever its low bits are.
+  const long wanted = mode != 0 ? strtol(channel, nullptr, 10) : 0;
   Text<512> list;
   char* end = list.data();
   char* rest = nullptr;
   const char* token = strtok_r(line.data(), " ", &rest);
   for (int count = 0; token != nullptr && count < kMostChannels; ++count, token = strtok_r(nullptr, " ", &rest)) {
-    const int number = leading_integer(token);
+    const long number = strtol(token, nullptr, 10);
     if (mode != 0 && number == wanted && number != 0) return mode;
     for (; isdigit(static_cast<unsigned char>(*token)) != 0; ++token) *end++ = *token;
     *end++ = ' ';

@@ -11,7 +11,7 @@ namespace kova {
 Call::Call(int32_t operation, va_list arguments, Origin origin) : operation_(operation), origin_(origin) {
   va_copy(as_given_, arguments);
   va_copy(arguments_, arguments);
-  instances_ = va_arg(arguments_, const int32_t*);
+  instances_ = va_arg(arguments_, int32_t*);
   text_ = va_arg(arguments_, char*);
 }
 

@@ -37,7 +37,7 @@ class Call {
 
   // The instance number at `position` of the path's placeholders, outermost 0.
   int32_t instance(std::size_t position) const { return instances_[position]; }
-  const int32_t* instances() const { return instances_; }
+  int32_t* instances() const { return instances_; }
 
   // Set: the new value.
   const char* value() const { return text_; }
@@ -65,7 +65,7 @@ class Call {
   va_list as_given_;
   va_list arguments_;
   Origin origin_;
-  const int32_t* instances_;
+  int32_t* instances_;
   char* text_;
   void* third_ = nullptr;
 };

@@ -24,7 +24,8 @@
 /*
  * A parameter handler. `operation` 0 gets, every other value sets. `arguments` is a started list that holds, in this
  * order:
- *   1. const int32_t *   instance numbers of the path, outermost first, 1-based, one per placeholder, no count
+ *   1. int32_t *         instance numbers of the path, outermost first, 1-based, one per placeholder, no count; a zero
+ *                        behind them. The wireless handlers may leave other numbers in it.
  *   2. char *            get: output buffer; it must hold the longest value of the parameter (the size is not passed)
  *      const char *      set: the new value, NUL-terminated
  *   3. struct agent_state *   get: the agent's record
