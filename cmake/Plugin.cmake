@@ -1,7 +1,8 @@
 # The plug-in: every source of a folder logs under the folder's module name.
 
 set(KOVA_MODULES core=pkg-tool handlers/pkg-mgmt=pkg-mgmt handlers/pkg-dev=pkg-dev handlers/pkg-lan=pkg-lan
-    handlers/pkg-wan=pkg-wan handlers/pkg-diag=pkg-diag handlers/pkg-mobile=pkg-mobile handlers/pkg-br=pkg-br)
+    handlers/pkg-wan=pkg-wan handlers/pkg-diag=pkg-diag handlers/pkg-mobile=pkg-mobile handlers/pkg-br=pkg-br
+    handlers/pkg-wl=pkg-wl)
 
 # kova_add_plugin(TARGET OPTIONS...): the plug-in, with further compile options.
 function(kova_add_plugin target)

@@ -6,3 +6,4 @@
 #include "pkg-mgmt/pkg-mgmt.h"
 #include "pkg-mobile/pkg-mobile.h"
 #include "pkg-wan/pkg-wan.h"
+#include "pkg-wl/pkg-wl.h"

@@ -1,0 +1,142 @@
+// LANDevice.WLANConfiguration: the main network of each radio, and the radio itself.
+#include <string.h>
+#include <strings.h>
+
+#include "associated_devices.hpp"
+#include "network.hpp"
+#include "pkg-wl.h"
+#include "security.hpp"
+#include "wireless.hpp"
+
+namespace {
+
+using namespace kova;
+
+// ---- Channel; automatic selection is channel 0 ----
+
+constexpr char kAutomatic[] = "0";
+
+int channel(Call& call, const Network& network) {
+  Text<100> current;
+  constexpr char kCurrent[] = "iwinfo %s freqlist | grep '*' | awk '{print $5}' | sed 's/)//g'";
+  if (ask_interface(network, kCurrent, current.span()) != SUCCESS) return FAILURE;
+  if (!current.empty()) return call.reply(current.c_str());
+  const auto& [package, radio] = network.radio->section;
+  if (uci_raw_extract_value(package, radio, "channel", call.output()) != 0) return refuse(call, "failed to get ch\n");
+  return strcmp(call.output(), "auto") == 0 ? call.reply(kAutomatic) : SUCCESS;
+}
+
+int set_channel(Call& call, const Network& network) {
+  constexpr int kSupported = 1;
+  char* number = const_cast<char*>(call.value());  // of which that function only reads
+  if (GetChannelPoll(kSupported, nullptr, number, call.instances(), 0) != kSupported)
+    return refuse(call, "invalid ch index\n\n");
+  return apply_option(call, network.radio->section, "channel", call.value(), APPLY_WLAN, "failed to set ch\n\n");
+}
+
+// Whatever the radio lists, be it nothing.
+int channels(Call& call, const Network&) {
+  GetChannelPoll(0, nullptr, call.output(), call.instances(), 0);
+  return SUCCESS;
+}
+
+int set_auto_channel(Call& call, const Radio& radio) {
+  const auto& [package, name] = radio.section;
+  if (call.value_is("1")) return apply_option(call, radio.section, "channel", kAutomatic, APPLY_WLAN, {});
+  if (!call.value_is("0")) return FAILURE;
+  if (!option_is(radio.section, "channel", kAutomatic)) return SUCCESS;
+  uci_raw_set_value(package, name, "channel", radio.fixed_channel);  // to be applied even if it could not be stored
+  return call.mark(APPLY_WLAN);
+}
+
+// ---- Power, in percent ----
+
+int set_transmit_power(Call& call, const Radio& radio) {
+  constexpr Pair kLevels[] = {{"100", "100"}, {"20", "20"}, {"5", "5"}, {"-1", "100"}};
+  const char* level = stored_for(kLevels, call.value());
+  if (level == nullptr) return refuse(call, " txpwer invalid.\n");
+  return apply_option(call, radio.section, "txpower", level, APPLY_WLAN, "failed to set txpwr\n");
+}
+
+// ---- Channel width ----
+
+int bandwidth(Call& call, const Radio& radio) {
+  const auto& [package, name] = radio.section;
+  if (uci_raw_extract_value(package, name, "htbw", call.output()) != 0) return refuse(call, "uci get htbw error\n");
+  if (strcasecmp(call.output(), "auto") == 0) return call.reply("Auto");
+  return reply_after(call, "ht", "MHz");
+}
+
+int set_bandwidth(Call& call, const Radio& radio) {
+  const std::span all(kWidths);
+  const bool automatic = strcasecmp(call.value(), "Auto") == 0;
+  const char* width = automatic ? "auto" : stored_for(radio.wide ? all : all.first(kNarrowWidths), call.value());
+  if (width == nullptr) return refuse(call, "invalid htbw\n");
+  return apply_option(call, radio.section, "htbw", width, APPLY_WLAN, "failed to set bw.\n");
+}
+
+constexpr auto frequency(LogMessage nothing) {
+  return [=](Call& call, const Network& network) {
+    return reply_about_interface(call, network, "iwinfo %s freqlist | grep '*' | awk '{print $2}' ", "0", "GHz",
+                                 nothing);
+  };
+}
+
+// ---- WEP ----
+
+constexpr Pair kWepModes[] = {{"SharedAuthentication", "shared"}, {"None", "open"}, {"Auto", "auto"}};
+
+int wep_mode(Call& call, const Network& network) {
+  Text<8> stored;
+  if (read_option(network.section, "encryption", stored.span()) != SUCCESS) return FAILURE;
+  if (!(stored == "wep")) return call.reply("");
+  if (read_option(network.section, "wep_mode", stored.span()) != SUCCESS) return FAILURE;
+  const char* mode = text_for(kWepModes, stored.view());
+  return mode != nullptr ? call.reply(mode) : FAILURE;
+}
+
+int set_wep_mode(Call& call, const Network& network) {
+  const char* mode = stored_for(kWepModes, call.value());
+  return mode != nullptr ? apply_option(call, network.section, "wep_mode", mode, network.bit, {}) : FAILURE;
+}
+
+}  // namespace
+
+// clang-format off
+PARAMETER(LANDevice_LANWLANConfigurationNumberOfEntries, constant("2"), read_only)
+
+PARAMETER(LANDevice_WLANConfiguration_SSID,                     wlan(ssid("failed to get SSID\n\n")),   wlan(store_ssid("failed to get SSID\n\n")))
+PARAMETER(LANDevice_WLANConfiguration_Enable,                   wlan(unless("disabled")),               wlan(set_enabled))
+PARAMETER(LANDevice_WLANConfiguration_Status,                   wlan(reply_status),                     read_only)
+PARAMETER(LANDevice_WLANConfiguration_BSSID,                    wlan(bssid("failed to get BSSID. \n")), read_only)
+PARAMETER(LANDevice_WLANConfiguration_SSIDAdvertisementEnabled, wlan(unless("hidden")),                 wlan(set_advertised))
+
+PARAMETER(LANDevice_WLANConfiguration_Channel,                wlan(channel),                             wlan(set_channel))
+PARAMETER(LANDevice_WLANConfiguration_ChannelsInUse,          wlan(channels),                            read_only)
+PARAMETER(LANDevice_WLANConfiguration_AutoChannelEnable,      wlan_radio(when("channel", kAutomatic)),   wlan_radio(set_auto_channel))
+PARAMETER(LANDevice_WLANConfiguration_TransmitPowerSupported, wlan_radio(fixed("{100,20,5}")),           read_only)
+PARAMETER(LANDevice_WLANConfiguration_TransmitPower,          wlan_radio(option("txpower", "100")),      wlan_radio(set_transmit_power))
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Bandwidth,       wlan_radio(bandwidth),                     wlan_radio(set_bandwidth))
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_FrequencyInuse,  wlan(frequency("failed to get freq. \n")), read_only)
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Band,            wlan_radio(reply_band),                    read_only)
+
+PARAMETER(LANDevice_WLANConfiguration_TotalBytesSent,       wlan(counter(COUNTER_BYTES_SENT)),       read_only)
+PARAMETER(LANDevice_WLANConfiguration_TotalBytesReceived,   wlan(counter(COUNTER_BYTES_RECEIVED)),   read_only)
+PARAMETER(LANDevice_WLANConfiguration_TotalPacketsSent,     wlan(counter(COUNTER_PACKETS_SENT)),     read_only)
+PARAMETER(LANDevice_WLANConfiguration_TotalPacketsReceived, wlan(counter(COUNTER_PACKETS_RECEIVED)), read_only)
+PARAMETER(LANDevice_WLANConfiguration_TotalErrorsSent,      wlan(counter(COUNTER_ERRORS_SENT)),      read_only)
+PARAMETER(LANDevice_WLANConfiguration_TotalErrorsReceived,  wlan(counter(COUNTER_ERRORS_RECEIVED)),  read_only)
+
+PARAMETER(LANDevice_WLANConfiguration_BeaconType,              wlan(beacon_type),        wlan(store_encryption(kBeaconTypes)))
+PARAMETER(LANDevice_WLANConfiguration_BasicEncryptionModes,    wlan(basic_encryption),   wlan(store_encryption(kBasicEncryptions)))
+PARAMETER(LANDevice_WLANConfiguration_BasicAuthenticationMode, wlan(wep_mode),           wlan(set_wep_mode))
+PARAMETER(LANDevice_WLANConfiguration_WPAEncryptionModes,      wlan(wpa_encryption),     wlan(aes_only("AES only.\n")))
+PARAMETER(LANDevice_WLANConfiguration_WPAAuthenticationMode,   wlan(wpa_authentication), wlan(store_encryption(kWpaAuthentications)))
+ALIAS(LANDevice_WLANConfiguration_IEEE11iEncryptionModes,      LANDevice_WLANConfiguration_WPAEncryptionModes)
+ALIAS(LANDevice_WLANConfiguration_IEEE11iAuthenticationMode,   LANDevice_WLANConfiguration_WPAAuthenticationMode)
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Password,         wlan(option("key", "")),  wlan(set_passphrase))
+
+PARAMETER(LANDevice_WLANConfiguration_AssociatedDeviceNumberOfEntries,             wlan(reply_device_count),                  read_only)
+PARAMETER(LANDevice_WLANConfiguration_AssociatedDevice_AssociatedDeviceMACAddress, wlan(device({2, "mac", "LE\n", "LE2\n"})), read_only)
+PARAMETER(LANDevice_WLANConfiguration_AssociatedDevice_AssociatedDeviceIPAddress,  wlan(device({2, "ip", "LE\n", "LE2\n"})),  read_only)
+// clang-format on
