@@ -72,13 +72,12 @@ int reply_counter(Call& call, const Network& network, interface_counter counter)
   return reply_or(call, count.c_str(), "0");
 }
 
-int reply_about_interface(Call& call, const Network& network, const char* command, const char* fallback,
-                          const char* unit, const LogMessage& nothing) {
+int reply_about_interface(Call& call, const Network& network, const Question& question, const LogMessage& nothing) {
   Text<128> answer;
-  if (ask_interface(network, command, answer.span()) != SUCCESS) return FAILURE;
+  if (ask_interface(network, question.command, answer.span().first(question.room)) != SUCCESS) return FAILURE;
   if (answer.empty()) nothing.print(call.origin());
-  reply_or(call, answer.c_str(), fallback);
-  strcat(call.output(), unit);
+  reply_or(call, answer.c_str(), question.fallback);
+  strcat(call.output(), question.unit);
   return SUCCESS;
 }
 

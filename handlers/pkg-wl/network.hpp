@@ -14,13 +14,18 @@ int set_advertised(Call& call, const Network& network);
 int reply_status(Call& call, const Network& network);
 int reply_counter(Call& call, const Network& network, interface_counter counter);
 
-// Replies what a command about the network's interface, whose name it has a "%s" for, prints first, and `unit` behind
-// it. Where it prints nothing, `nothing` is logged and the fallback takes its place. FAILURE without an interface.
-int reply_about_interface(Call& call, const Network& network, const char* command, const char* fallback,
-                          const char* unit, const LogMessage& nothing);
-
-// The first line that such a command prints, empty for none. FAILURE when it is not run.
+// The first line that a command prints about the network's interface, whose name it has a "%s" for; empty for none.
+// FAILURE without an interface.
 int ask_interface(const Network& network, const char* command, std::span<char> answer);
+
+// Replies such a line. Where there is none, `nothing` is logged and the fallback takes its place.
+struct Question {
+  const char* command;
+  std::size_t room;  // for the line, with its end
+  const char* fallback;
+  const char* unit;  // behind the reply
+};
+int reply_about_interface(Call& call, const Network& network, const Question& question, const LogMessage& nothing);
 
 // ---- Getters and setters ----
 
@@ -36,11 +41,12 @@ constexpr auto counter(interface_counter counter) {
   return [=](Call& call, const Network& network) { return reply_counter(call, network, counter); };
 }
 
+constexpr auto about_interface(Question question, LogMessage nothing) {
+  return [=](Call& call, const Network& network) { return reply_about_interface(call, network, question, nothing); };
+}
+
 constexpr auto bssid(LogMessage nothing) {
-  return [=](Call& call, const Network& network) {
-    return reply_about_interface(call, network, "iwinfo %s info | grep 'Access Point' | awk '{print $3}'",
-                                 "0:0:0:0:0:0", "", nothing);
-  };
+  return about_interface({"iwinfo %s info | grep 'Access Point' | awk '{print $3}'", 100, "0:0:0:0:0:0", ""}, nothing);
 }
 
 }  // namespace kova

@@ -53,7 +53,8 @@ constexpr auto wlan_radio(auto word) { return at(wlan_radio_of, word); }
 constexpr auto access_point(auto word) { return at(access_point_network, word); }
 constexpr auto radio(auto word) { return at(radio_of, word); }
 
-// Whether the network is its radio's extra one. Then the number in the caller's array becomes the radio's, and stays so.
+// Whether the network is its radio's extra one. Then the number in the caller's array becomes the radio's, and stays
+// so.
 bool renamed_to_radio(const Call& call, const Network& network);
 
 // Targets of ALIAS for SSID and AccessPoint, whose extra networks are an object of their own in the other tree. They

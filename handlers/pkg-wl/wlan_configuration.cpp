@@ -76,10 +76,7 @@ int set_bandwidth(Call& call, const Radio& radio) {
 }
 
 constexpr auto frequency(LogMessage nothing) {
-  return [=](Call& call, const Network& network) {
-    return reply_about_interface(call, network, "iwinfo %s freqlist | grep '*' | awk '{print $2}' ", "0", "GHz",
-                                 nothing);
-  };
+  return about_interface({"iwinfo %s freqlist | grep '*' | awk '{print $2}' ", 128, "0", "GHz"}, nothing);
 }
 
 // ---- WEP ----
