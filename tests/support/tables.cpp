@@ -81,6 +81,10 @@ Source prints(const std::string& command, const std::string& output) {
   return {[=] { seams().answer(command, output); }, {command}};
 }
 
+Source asks(const std::string& command) {
+  return {[] {}, {command}};
+}
+
 Source exits(int status) {
   return {[=] { seams().system_status = [status](const std::string& /*command*/) { return &status; }; }};
 }
@@ -122,6 +126,26 @@ void TableTest::expect_gets(const std::vector<Get>& rows) {
     for (const std::string& command : row.source.commands)
       EXPECT_NE(std::count(commands().begin(), commands().end(), command), 0) << "not run: " << command;
   }
+}
+
+void TableTest::expect_options(const std::vector<OptionGet>& rows) {
+  for (const auto& [at, path, missing, log] : rows)
+    expect_gets({{at, option(path, "as it's"), "as it's"}, {at, option(path, ""), missing, log}});
+}
+
+void TableTest::expect_recorded(const At& at, const std::string& value, const std::string& arguments,
+                                const std::string& failure) {
+  expect_sets({{at, value, accepted(APPLY_TASK_COMMANDS), {records("lua /usr/bin/tr069/verify_pms " + arguments)}},
+               {at, value, kRefused, failure.empty() ? Effects{} : Effects{logs(failure)}, no_file("/tmp/tr069")}});
+}
+
+void TableTest::expect_counters(const std::string& interface, const std::vector<parameter_handler>& counters,
+                                const Source& also) {
+  const Source kernel =
+      status("network.interface." + interface, R"({"up": true, "device": "other", "l3_device": "l3-test"})") &&
+      prints("cat /proc/net/dev|grep -w l3-test", " l3-test: 11 12 13 0 0 0 0 0 21 22 23 0 0 0 0 0\n");
+  const char* const counted[] = {"21", "11", "22", "12", "23", "13"};
+  for (size_t i = 0; i < counters.size(); ++i) expect_gets({{counters[i], kernel && also, counted[i]}});
 }
 
 void TableTest::expect_sets(const std::vector<Set>& rows) {

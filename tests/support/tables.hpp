@@ -36,6 +36,10 @@ Source file(const std::string& path, const std::string& text);
 Source no_file(const std::string& path);
 // What this very command prints when its output is read.
 Source prints(const std::string& command, const std::string& output);
+// The call has to run this very command, whose output is read; it really runs.
+Source asks(const std::string& command);
+// Commands whose output would be read cannot be started.
+inline const Source no_pipes{[] { seams().popen_fails = true; }};
 // No command is run: each of those given to system ends with this status, as wait has it.
 Source exits(int status);
 // The bus's answer to the method status of an object, as a reply or as the cases that lab/README.md describes.
@@ -54,6 +58,14 @@ struct Get {
   Source source;
   Reply reply;
   std::string log = "";  // all that the family logs; the core's own messages do not count
+};
+
+// A handler that reads an option of the main store as it is, and what it replies without it.
+struct OptionGet {
+  At at;
+  std::string path;
+  Reply missing;
+  std::string log = "";
 };
 
 // All that a set does, in this order: stored options, recorded lines, other files, commands, the family's messages.
@@ -83,7 +95,16 @@ struct Set {
 class TableTest : public DeviceTest {
  protected:
   static void expect_gets(const std::vector<Get>& rows);
+  static void expect_options(const std::vector<OptionGet>& rows);
   static void expect_sets(const std::vector<Set>& rows);
+
+  // A set for which the agent runs the verify script after the request; `failure` is logged when it cannot be recorded.
+  static void expect_recorded(const At& at, const std::string& value, const std::string& arguments,
+                              const std::string& failure = "");
+
+  // Counters of the interface's layer-3 device: bytes, packets and errors, each sent and received.
+  static void expect_counters(const std::string& interface, const std::vector<parameter_handler>& counters,
+                              const Source& also = as_is);
 };
 
 // The name that the catalogue has for it.
