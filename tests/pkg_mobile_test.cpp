@@ -1,179 +1,104 @@
 // Cellular: the mobile interface, its modem and its access point.
 #include "pkg-mobile/pkg-mobile.h"
-#include "support/device.hpp"
+#include "support/tables.hpp"
+
+#define INTERFACE(parameter) Cellular_Interface_##parameter
+#define ACCESS_POINT(parameter) Cellular_AccessPoint_##parameter
 
 namespace kova::test {
 namespace {
 
 constexpr uint32_t kApplied = 0x2004;
 
-const char kSimSlot[] = "cat /var/run/4g/simslot";
+Source link(const std::string& answer) { return status("network.interface.4g", answer); }
+Source setting(const std::string& name, const std::string& value) { return option("network.4g." + name, value); }
+const Source no_link = no_status("network.interface.4g");
+const Source no_store = no_file("/etc/config/network");
 
-const parameter_handler kCounters[] = {Cellular_Interface_Stats_BytesSent,   Cellular_Interface_Stats_BytesReceived,
-                                       Cellular_Interface_Stats_PacketsSent, Cellular_Interface_Stats_PacketsReceived,
-                                       Cellular_Interface_Stats_ErrorsSent,  Cellular_Interface_Stats_ErrorsReceived};
-
-class Cellular : public DeviceTest {
+class Cellular : public TableTest {
  protected:
   void SetUp() override {
     DeviceTest::SetUp();
     run("rm -rf /etc/lab/bus/network.gcom /var/run/4g");
     write_file("/etc/config/network", "config interface '4g'\n\toption cdevice '/dev/ttyUSB2'\n");
-    interface_is(R"({"up": true})");
-  }
-
-  static void interface_is(const std::string& status) { answer_on_bus("network.interface.4g", "status", status); }
-  static void no_interface() { run("rm -r /etc/lab/bus/network.interface.4g"); }
-  static void modem_is(const std::string& cases) { answer_on_bus("network.gcom", "at", cases); }
-
-  // What the modem's service keeps.
-  static void service_has(const std::string& file, const std::string& text) {
-    run("mkdir -p /var/run/4g");
-    write_file("/var/run/4g/" + file, text);
-  }
-
-  static void break_store() { run("rm /etc/config/network"); }
-
- private:
-  static void answer_on_bus(const std::string& object, const std::string& method, const std::string& answer) {
-    run("mkdir -p /etc/lab/bus/" + object);
-    write_file("/etc/lab/bus/" + object + "/" + method + ".json", answer);
+    link(R"({"up": true})").put();
   }
 };
 
 TEST_F(Cellular, WithoutTheInterfaceMostParametersHaveNothingToSay) {
-  const struct {
-    parameter_handler handler;
-    std::string text;
-  } answers[] = {
-      {Cellular_RoamingEnabled, "0"},
-      {Cellular_RoamingStatus, ""},
-      {Cellular_Interface_Enable, "0"},
-      {Cellular_Interface_Status, "Down"},
-      {Cellular_Interface_IPAddress, "0.0.0.0"},
-      {Cellular_Interface_SubnetMask, "0.0.0.0"},
-      {Cellular_Interface_AddressingType, ""},
-      {Cellular_Interface_IMEI, kUntouched},
-      {Cellular_Interface_USIM_IMSI, kUntouched},
-      {Cellular_Interface_USIM_ICCID, kUntouched},
-      {Cellular_Interface_RSSI, kUntouched},
-      {Cellular_Interface_CurrentAccessTechnology, kUntouched},
-      {Cellular_Interface_RSRP, kUntouched},
-      {Cellular_Interface_RSRQ, kUntouched},
-      {Cellular_Interface_SINR, kUntouched},
-      {Cellular_Interface_CELLID, kUntouched},
-      {Cellular_AccessPoint_APN, kUntouched},
-      {Cellular_AccessPoint_Enable, "0"},
-      {Cellular_AccessPoint_Username, kUntouched},
-      {Cellular_AccessPoint_Password, kUntouched},
-  };
-  for (const bool known_without_state : {false, true}) {
-    known_without_state ? interface_is(R"({"proto": "gcom"})") : no_interface();
-    for (const auto& [handler, text] : answers)
-      EXPECT_EQ(get(handler), answered(text)) << &handler - &answers[0].handler;
-    for (const parameter_handler counter : kCounters) EXPECT_EQ(get(counter), answered("0"));
-    for (const auto& handler : {Cellular_AccessPoint_APN, Cellular_AccessPoint_Username, Cellular_AccessPoint_Password})
-      EXPECT_EQ(set(handler, "text"), accepted());
-  }
-  EXPECT_TRUE(commands().empty());
-  EXPECT_EQ(mirror("network.4g.apn"), std::nullopt);
-}
-
-TEST_F(Cellular, FixedTexts) {
-  EXPECT_EQ(get(Cellular_InterfaceNumberOfEntries), answered("1"));
-  EXPECT_EQ(get(Cellular_AccessPointNumberOfEntries), answered("1"));
-  EXPECT_EQ(get(Cellular_AccessPoint_Interface), answered("Device.Cellular.Interface.1"));
-  EXPECT_EQ(get(Cellular_Interface_AddressingType), answered("DHCP"));
-  EXPECT_EQ(get(Cellular_AccessPoint_Enable), answered("1"));
-}
-
-TEST_F(Cellular, SwitchesAreReadFromTheStore) {
-  const struct {
-    parameter_handler handler;
-    const char* option;
-    const char* stored;  // empty: no such option
-    const char* text;
-  } cases[] = {
-      {Cellular_RoamingEnabled, "roaming", "0", "0"},     {Cellular_RoamingEnabled, "roaming", "1", "1"},
-      {Cellular_RoamingEnabled, "roaming", "yes", "1"},   {Cellular_RoamingEnabled, "roaming", "", "1"},
-      {Cellular_RoamingStatus, "roaming", "0", "Home"},   {Cellular_RoamingStatus, "roaming", "1", "Roaming"},
-      {Cellular_RoamingStatus, "roaming", "", "Roaming"}, {Cellular_Interface_Enable, "disabled", "1", "0"},
-      {Cellular_Interface_Enable, "disabled", "0", "1"},  {Cellular_Interface_Enable, "disabled", "", "1"},
-  };
-  for (const auto& [handler, option, stored, text] : cases) {
-    SCOPED_TRACE(std::string(option) + " " + stored);
-    configure(std::string("network.4g.") + option, stored);
-    EXPECT_EQ(get(handler), answered(text));
+  for (const Source& router : {no_link, link(R"({"proto": "gcom"})")}) {
+    expect_gets({{Cellular_RoamingEnabled, router, "0"},
+                 {Cellular_RoamingStatus, router, ""},
+                 {INTERFACE(Enable), router, "0"},
+                 {INTERFACE(Status), router, "Down"},
+                 {INTERFACE(IPAddress), router, "0.0.0.0"},
+                 {INTERFACE(SubnetMask), router, "0.0.0.0"},
+                 {INTERFACE(AddressingType), router, ""},
+                 {INTERFACE(Stats_BytesSent), router, "0"},
+                 {ACCESS_POINT(Enable), router, "0"}});
+    for (const parameter_handler handler :
+         {INTERFACE(IMEI), INTERFACE(USIM_IMSI), INTERFACE(USIM_ICCID), INTERFACE(RSSI),
+          INTERFACE(CurrentAccessTechnology), INTERFACE(RSRP), INTERFACE(RSRQ), INTERFACE(SINR), INTERFACE(CELLID),
+          ACCESS_POINT(APN), ACCESS_POINT(Username), ACCESS_POINT(Password)})
+      expect_gets({{handler, router, kUntouched}});
+    for (const parameter_handler handler : {ACCESS_POINT(APN), ACCESS_POINT(Username), ACCESS_POINT(Password)})
+      expect_sets({{handler, "text", accepted(), {}, router}});
   }
 }
 
-TEST_F(Cellular, SwitchesApplyTheInterfaceWhateverTheValue) {
-  const struct {
-    parameter_handler handler;
-    const char* option;
-    const char* value;
-    std::optional<std::string> written;
-  } cases[] = {
-      {Cellular_RoamingEnabled, "roaming", "yes", std::nullopt},
-      {Cellular_RoamingEnabled, "roaming", "0", "0"},
-      {Cellular_RoamingEnabled, "roaming", "1", "1"},
-      {Cellular_RoamingEnabled, "roaming", "01", "1"},
-      {Cellular_Interface_Enable, "disabled", "2", std::nullopt},
-      {Cellular_Interface_Enable, "disabled", "0", "1"},
-      {Cellular_Interface_Enable, "disabled", "1", "0"},
-      {Cellular_Interface_Enable, "disabled", "", "0"},
-      {Cellular_AccessPoint_Enable, "isp", "1", std::nullopt},
-      {Cellular_AccessPoint_Enable, "isp", "0", "auto"},
-  };
-  no_interface();
-  for (const auto& [handler, option, value, written] : cases) {
-    SCOPED_TRACE(std::string(option) + " " + value);
-    EXPECT_EQ(set(handler, value), accepted(kApplied));
-    EXPECT_EQ(config(std::string("network.4g.") + option), written);
-    EXPECT_EQ(mirror(std::string("network.4g.") + option), written);
-  }
-
-  break_store();
-  EXPECT_EQ(set(Cellular_RoamingEnabled, "0"), kRefused);
-  EXPECT_EQ(set(Cellular_Interface_Enable, "1"), kRefused);
-  EXPECT_EQ(set(Cellular_AccessPoint_Enable, "0"), kRefused);
-  for (const char* message : {"CREDSE.\n", "CEDSE. \n", "FTSCAIA.\n"}) EXPECT_TRUE(logged(message)) << message;
-  EXPECT_EQ(set(Cellular_AccessPoint_Enable, "1"), accepted(kApplied));
+TEST_F(Cellular, FixedTextsAndSwitches) {
+  expect_gets({{Cellular_InterfaceNumberOfEntries, as_is, "1"},
+               {Cellular_AccessPointNumberOfEntries, as_is, "1"},
+               {INTERFACE(AddressingType), as_is, "DHCP"},
+               {ACCESS_POINT(Interface), as_is, "Device.Cellular.Interface.1"},
+               {ACCESS_POINT(Enable), link(R"({"up": false})"), "1"},
+               {Cellular_RoamingEnabled, setting("roaming", "0"), "0"},
+               {Cellular_RoamingEnabled, setting("roaming", "yes"), "1"},
+               {Cellular_RoamingEnabled, as_is, "1"},
+               {Cellular_RoamingStatus, setting("roaming", "0"), "Home"},
+               {Cellular_RoamingStatus, setting("roaming", "1"), "Roaming"},
+               {Cellular_RoamingStatus, as_is, "Roaming"},
+               {INTERFACE(Enable), setting("disabled", "1"), "0"},
+               {INTERFACE(Enable), setting("disabled", "0"), "1"},
+               {INTERFACE(Enable), as_is, "1"}});
 }
 
-TEST_F(Cellular, StatusAndAddressComeFromTheBus) {
-  EXPECT_EQ(get(Cellular_Interface_Status), answered("Up"));
-  EXPECT_EQ(get(Cellular_Interface_IPAddress), answered("0.0.0.0"));
-  interface_is(R"({"up": false, "ipv4-address": [{"address": "10.64.1.2", "mask": 30}, {"address": "10.0.0.9"}]})");
-  EXPECT_EQ(get(Cellular_Interface_Status), answered("Down"));
-  EXPECT_EQ(get(Cellular_Interface_IPAddress), answered("10.64.1.2"));
-  EXPECT_EQ(get(Cellular_Interface_SubnetMask), answered("255.255.255.252"));
-  EXPECT_EQ(get(Cellular_AccessPoint_Enable), answered("1"));  // present, though down
+TEST_F(Cellular, SwitchesApplyTheInterfaceWhateverTheValueAndTheLink) {
+  no_link.put();
+  expect_sets({{Cellular_RoamingEnabled, "0", accepted(kApplied), {stores("network.4g.roaming", "0")}},
+               {Cellular_RoamingEnabled, "1", accepted(kApplied), {stores("network.4g.roaming", "1")}},
+               {Cellular_RoamingEnabled, "01", accepted(kApplied)},
+               {Cellular_RoamingEnabled, "0", kRefused, {logs("CREDSE.\n")}, no_store},
+               {INTERFACE(Enable), "0", accepted(kApplied), {stores("network.4g.disabled", "1")}},
+               {INTERFACE(Enable), "1", accepted(kApplied), {stores("network.4g.disabled", "0")}},
+               {INTERFACE(Enable), "", accepted(kApplied)},
+               {INTERFACE(Enable), "1", kRefused, {logs("CEDSE. \n")}, no_store},
+               {ACCESS_POINT(Enable), "0", accepted(kApplied), {stores("network.4g.isp", "auto")}},
+               {ACCESS_POINT(Enable), "0", kRefused, {logs("FTSCAIA.\n")}, no_store},
+               {ACCESS_POINT(Enable), "1", accepted(kApplied), {}, no_store}});
 }
 
-TEST_F(Cellular, CountersAreThoseOfTheLayer3Device) {
-  interface_is(R"({"up": true, "device": "cdc-wdm0", "l3_device": "wwan0"})");
-  seams().answer("cat /proc/net/dev|grep -w wwan0", " wwan0: 11 12 13 0 0 0 0 0 21 22 23 0 0 0 0 0\n");
-  const char* const expected[] = {"21", "11", "22", "12", "23", "13"};
-  for (size_t i = 0; i < std::size(kCounters); ++i) EXPECT_EQ(get(kCounters[i]), answered(expected[i]));
+TEST_F(Cellular, StatusAddressAndCountersAreThoseOfTheLink) {
+  const Source down =
+      link(R"({"up": false, "ipv4-address": [{"address": "10.64.1.2", "mask": 30}, {"address": "10.0.0.9"}]})");
+  expect_gets({{INTERFACE(Status), as_is, "Up"},
+               {INTERFACE(Status), down, "Down"},
+               {INTERFACE(IPAddress), as_is, "0.0.0.0"},
+               {INTERFACE(IPAddress), down, "10.64.1.2"},
+               {INTERFACE(SubnetMask), as_is, "0.0.0.0"},
+               {INTERFACE(SubnetMask), down, "255.255.255.252"}});
+  expect_counters("4g",
+                  {INTERFACE(Stats_BytesSent), INTERFACE(Stats_BytesReceived), INTERFACE(Stats_PacketsSent),
+                   INTERFACE(Stats_PacketsReceived), INTERFACE(Stats_ErrorsSent), INTERFACE(Stats_ErrorsReceived)});
 }
 
 TEST_F(Cellular, IdentityIsWhatTheModemServiceKeeps) {
-  const struct {
-    parameter_handler handler;
-    const char* file;
-    const char* message;
-  } lines[] = {{Cellular_Interface_IMEI, "getimei", "failed to get IMEI. \n"},
-               {Cellular_Interface_USIM_IMSI, "getimsi", "FTGIMSI. \n"},
-               {Cellular_Interface_USIM_ICCID, "geticcid", "FTGICCID.\n"}};
-  for (const auto& [handler, file, message] : lines) {
-    SCOPED_TRACE(file);
-    EXPECT_EQ(get(handler), answered(""));
-    EXPECT_EQ(commands().back(), std::string("cat /var/run/4g/") + file);
-    EXPECT_EQ(messages().back(), message);
-    service_has(file, std::string(120, '7') + "\nmore\n");
-    EXPECT_EQ(get(handler), answered(std::string(99, '7')));
-    EXPECT_NE(messages().back(), message);
+  for (const auto& [handler, command, message] :
+       {std::tuple{&INTERFACE(IMEI), "cat /var/run/4g/getimei", "failed to get IMEI. \n"},
+        {INTERFACE(USIM_IMSI), "cat /var/run/4g/getimsi", "FTGIMSI. \n"},
+        {INTERFACE(USIM_ICCID), "cat /var/run/4g/geticcid", "FTGICCID.\n"}}) {
+    expect_gets({{handler, prints(command, std::string(120, '7') + "\n"), std::string(99, '7')},
+                 {handler, prints(command, ""), "", message}});
   }
 }
 
@@ -182,173 +107,116 @@ TEST_F(Cellular, IdentityIsWhatTheModemServiceKeeps) {
 const std::string kServingCell =
     R"(ubus call network.gcom at '{"device":"/dev/ttyUSB2","cmd":"AT+QENG=\"servingcell\""}' | grep '+QENG:')";
 
-// The answer to a command, one line each; the bus tool prints an array's elements below each other.
-std::string answer_to(const std::string& command, const std::string& lines) {
-  return R"({"when": {"device": "/dev/ttyUSB2", "cmd": ")" + command + R"("}, "reply": {"answer": [)" + lines + "]}}";
-}
-
-std::string serving_cell(const std::string& lines) { return answer_to(R"(AT+QENG=\"servingcell\")", lines); }
-
-TEST_F(Cellular, SignalStrengthIsTheFirstNumberOfTheModemsAnswer) {
-  modem_is(R"({"when": {"device": "/dev/ttyUSB2", "cmd": "AT+CSQ"}, "reply": {"answer": "+CSQ: 23,99"}})");
-  EXPECT_EQ(get(Cellular_Interface_RSSI), answered("23"));
-  EXPECT_EQ(
-      commands(),
-      std::vector<std::string>{
-          R"(ubus call network.gcom at '{"device":"/dev/ttyUSB2","cmd":"AT+CSQ"}' | grep '+CSQ:' | awk '{print $3 }' | awk -F, '{ print $1 }')"});
-
-  modem_is(R"({"status": 7})");
-  EXPECT_EQ(get(Cellular_Interface_RSSI), answered(""));
-  EXPECT_EQ(messages().back(), "failed to get RSSI. \n");
-}
-
-struct CellCase {
-  const char* modem;  // the lab's
-  const char* technology;
-  const char* pick;       // the line selection of the command
-  const char* fields[4];  // RSRP, RSRQ, SINR, CELLID
-  const char* values[4];
-};
-
-const CellCase kCells[] = {
-    {"nr5g-sa", "NR5G-SA", "tail -n 1", {"13", "14", "15", "7"}, {"-92", "-11", "18", "1A2B3C001"}},
-    {"nr5g-nsa", "NR5G-NSA", "tail -n 2 | head -n 1", {"12", "13", "15", "5"}, {"-97", "-12", "14", "2C3D4E2"}},
-    {"lte", "LTE", "tail -n 1", {"14", "15", "17", "7"}, {"-101", "-13", "11", "3D4E5F3"}},
-};
-
-const parameter_handler kCellValues[] = {Cellular_Interface_RSRP, Cellular_Interface_RSRQ, Cellular_Interface_SINR,
-                                         Cellular_Interface_CELLID};
+const std::pair<parameter_handler, const char*> kCellValues[] = {{INTERFACE(RSRP), "FTGRPR. \n"},
+                                                                 {INTERFACE(RSRQ), "FTGRQ. \n"},
+                                                                 {INTERFACE(SINR), "FTGSINR. \n"},
+                                                                 {INTERFACE(CELLID), "FTGCID. \n"}};
 
 TEST_F(Cellular, ServingCellValuesArePickedByAccessTechnology) {
-  modem_is(R"({"script": "/usr/libexec/lab/modem-at"})");
-  for (const CellCase& cell : kCells) {
-    SCOPED_TRACE(cell.technology);
-    write_file("/etc/lab/modem", cell.modem);
-    commands().clear();
-    EXPECT_EQ(get(Cellular_Interface_CurrentAccessTechnology), answered(cell.technology));
-    EXPECT_EQ(commands(), std::vector<std::string>{kServingCell});
+  const struct {
+    const char* modem;  // the lab's
+    const char* technology;
+    const char* pick;       // the line selection of the command
+    const char* fields[4];  // RSRP, RSRQ, SINR, CELLID
+    const char* values[4];
+  } cells[] = {
+      {"nr5g-sa", "NR5G-SA", "tail -n 1", {"13", "14", "15", "7"}, {"-92", "-11", "18", "1A2B3C001"}},
+      {"nr5g-nsa", "NR5G-NSA", "tail -n 2 | head -n 1", {"12", "13", "15", "5"}, {"-97", "-12", "14", "2C3D4E2"}},
+      {"lte", "LTE", "tail -n 1", {"14", "15", "17", "7"}, {"-101", "-13", "11", "3D4E5F3"}},
+  };
+  for (const auto& [model, technology, pick, fields, values] : cells) {
+    const Source modem = file("/etc/lab/bus/network.gcom/at.json", R"({"script": "/usr/libexec/lab/modem-at"})") &&
+                         file("/etc/lab/modem", model);
+    expect_gets({{INTERFACE(CurrentAccessTechnology), modem && asks(kServingCell), technology}});
     for (size_t i = 0; i < std::size(kCellValues); ++i) {
-      commands().clear();
-      EXPECT_EQ(get(kCellValues[i]), answered(cell.values[i]));
-      const std::string value = kServingCell + " | " + cell.pick + " | awk -F, '{ print $" + cell.fields[i] + " }'";
-      EXPECT_EQ(commands(), (std::vector<std::string>{kServingCell, value}));
+      const std::string command = kServingCell + " | " + pick + " | awk -F, '{ print $" + fields[i] + " }'";
+      expect_gets({{kCellValues[i].first, modem && asks(command), values[i]}});
     }
   }
 }
 
-TEST_F(Cellular, AnUnknownTechnologyHasNoCellValues) {
-  modem_is(serving_cell(R"("+QENG: \"servingcell\",\"SEARCH\"")"));
-  EXPECT_EQ(get(Cellular_Interface_CurrentAccessTechnology), answered("UNKNOWN"));
-  EXPECT_EQ(messages().back(), "GCNMF.\n");
-  for (const parameter_handler value : kCellValues) EXPECT_EQ(get(value), answered(""));
-
-  modem_is(R"({"status": 7})");
-  EXPECT_EQ(get(Cellular_Interface_CurrentAccessTechnology), answered("UNKNOWN"));
-  EXPECT_EQ(messages().back(), "GAQSF.. \n");
-  for (const parameter_handler value : kCellValues) EXPECT_EQ(get(value), answered(""));
-  for (const std::string& command : commands()) EXPECT_EQ(command, kServingCell);
+TEST_F(Cellular, AccessTechnologyIsTheFirstKnownNameInTheAnswer) {
+  expect_gets({{INTERFACE(CurrentAccessTechnology), prints(kServingCell, "LTE,NR5G-NSA\n"), "NR5G-NSA"},
+               {INTERFACE(CurrentAccessTechnology), prints(kServingCell, "NR5G-NSA,NR5G-SA\n"), "NR5G-SA"}});
+  const Source searching = prints(kServingCell, "+QENG: \"servingcell\",\"SEARCH\"\n");
+  const Source silent = prints(kServingCell, "");
+  expect_gets({{INTERFACE(CurrentAccessTechnology), searching, "UNKNOWN", "GCNMF.\n"},
+               {INTERFACE(CurrentAccessTechnology), silent, "UNKNOWN", "GAQSF.. \n"}});
+  for (const auto& [handler, message] : kCellValues) {
+    expect_gets({{handler, searching, "", "GCNMF.\n"},
+                 {handler, silent, "", "GAQSF.. \n"},
+                 {handler, prints(kServingCell, "+QENG: \"servingcell\",\"LIMSRV\",\"LTE\"\n"), "", message}});
+  }
 }
 
-TEST_F(Cellular, AShortServingCellLineLeavesValuesEmpty) {
-  const char* const expected[] = {"FTGRPR. \n", "FTGRQ. \n", "FTGSINR. \n", "FTGCID. \n"};
-  modem_is(serving_cell(R"("+QENG: \"servingcell\",\"LIMSRV\",\"LTE\"")"));
-  for (size_t i = 0; i < std::size(kCellValues); ++i) {
-    EXPECT_EQ(get(kCellValues[i]), answered(""));
-    EXPECT_EQ(messages().back(), expected[i]);
-  }
+TEST_F(Cellular, SignalStrengthIsTheFirstNumberOfTheModemsAnswer) {
+  const std::string start = R"(ubus call network.gcom at '{"device":")";
+  const std::string end = R"(","cmd":"AT+CSQ"}' | grep '+CSQ:' | awk '{print $3 }' | awk -F, '{ print $1 }')";
+  const std::string command = start + "/dev/ttyUSB2" + end;
+  const Source modem = file("/etc/lab/bus/network.gcom/at.json", R"({"reply": {"answer": "+CSQ: 23,99"}})");
+  const std::string overlong(600, 'd');  // cut with its command
+  expect_gets(
+      {{INTERFACE(RSSI), modem && asks(command), "23"},
+       {INTERFACE(RSSI), prints(command, ""), "", "failed to get RSSI. \n"},
+       {INTERFACE(RSSI), setting("cdevice", overlong) && prints((start + overlong).substr(0, 510), "9\n"), "9"}});
 }
 
 TEST_F(Cellular, WithoutAControlDeviceThereIsNoQuestionToAsk) {
-  configure("network.4g.cdevice", "");
-  for (const parameter_handler value : kCellValues) {
-    EXPECT_EQ(get(value), (Answer{-1, "0"}));
-    EXPECT_EQ(messages().back(), " GCDE 4g \n\n");
-  }
-  EXPECT_EQ(get(Cellular_Interface_RSSI), (Answer{-1, "0"}));
-  EXPECT_EQ(messages().back(), "GCDE 4g\n\n");
-  EXPECT_EQ(get(Cellular_Interface_CurrentAccessTechnology), answered("0"));
-  EXPECT_EQ(messages().back(), "GCDE 4g \n\n");
+  setting("cdevice", "").put();
+  const Answer failed{-1, "0"};
+  for (const auto& [handler, message] : kCellValues) expect_gets({{handler, as_is, failed, " GCDE 4g \n\n"}});
+  expect_gets({{INTERFACE(RSSI), as_is, failed, "GCDE 4g\n\n"},
+               {INTERFACE(CurrentAccessTechnology), as_is, "0", "GCDE 4g \n\n"}});
+  get(INTERFACE(RSSI));
   EXPECT_TRUE(seams().syslog.back().starts_with("pkg-mobile.c, "));
   EXPECT_TRUE(commands().empty());
 }
 
-TEST_F(Cellular, AnOverlongDeviceIsCutWithItsCommand) {
-  configure("network.4g.cdevice", std::string(600, 'd'));
-  EXPECT_EQ(get(Cellular_Interface_RSSI), answered(""));
-  EXPECT_EQ(commands().back().size(), 510U);
-}
-
 // ---- Access point ----
 
-struct Credential {
-  parameter_handler handler;
-  std::string option;
-  const char* no_slot;
-  const char* not_stored;
-};
-
-const Credential kCredentials[] = {{Cellular_AccessPoint_APN, "apn", "FTGSS.\n", "FTSAN.\n"},
-                                   {Cellular_AccessPoint_Username, "username", "FTGSS.\n", "FTSCAUN.\n"},
-                                   {Cellular_AccessPoint_Password, "password", "FTGSS. \n", "FTSCAPW.\n"}};
+const char kSimSlot[] = "cat /var/run/4g/simslot";
 
 TEST_F(Cellular, CredentialsAreThoseOfTheSimSlot) {
-  configure("network.4g.isp", "manual");
-  for (const auto& [handler, option, no_slot, not_stored] : kCredentials) {
-    SCOPED_TRACE(option);
-    const std::string path = "network.4g." + option;
+  const Source manual = setting("isp", "manual");
+  for (const auto& [handler, option, no_slot, not_stored] :
+       {std::tuple{&ACCESS_POINT(APN), "apn", "FTGSS.\n", "FTSAN.\n"},
+        {ACCESS_POINT(Username), "username", "FTGSS.\n", "FTSCAUN.\n"},
+        {ACCESS_POINT(Password), "password", "FTGSS. \n", "FTSCAPW.\n"}}) {
     for (const std::string slot : {"", "2"}) {
-      slot.empty() ? void(run("rm -rf /var/run/4g")) : service_has("simslot", slot + "\n");
-      seams().syslog.clear();
-      EXPECT_EQ(get(handler), answered(kUntouched));
-      EXPECT_EQ(logged(no_slot), slot.empty());
-      seams().syslog.clear();
-      EXPECT_EQ(set(handler, "value " + slot), accepted());
-      EXPECT_EQ(logged(no_slot), slot.empty());
-      EXPECT_EQ(commands().back(), kSimSlot);
-      EXPECT_EQ(config(path + slot), "value " + slot);
-      EXPECT_EQ(mirror(path + slot), "value " + slot);
-      EXPECT_EQ(get(handler), answered("value " + slot));
+      const Source sim = prints(kSimSlot, slot);
+      const std::string name = option + slot;
+      const std::string log = slot.empty() ? no_slot : "";
+      expect_gets(
+          {{handler, manual && sim, kUntouched, log}, {handler, manual && sim && setting(name, "it's"), "it's", log}});
+      Effects effects{stores("network.4g." + name, "it's"), runs(kSimSlot)};
+      if (name.starts_with("apn")) effects.insert(effects.begin() + 1, stores("network.4g.isp", "manual"));
+      if (slot.empty()) effects.push_back(logs(no_slot));
+      expect_sets({{handler, "it's", accepted(), effects, sim}});
     }
-    break_store();
-    EXPECT_EQ(set(handler, "lost"), kRefused);
-    EXPECT_EQ(messages().back(), not_stored);
-    write_file("/etc/config/network", "config interface '4g'\n\toption isp 'manual'\n");
+    const Effects failed{runs(kSimSlot), logs(not_stored)};
+    expect_sets({{handler, "lost", kRefused, failed, prints(kSimSlot, "2") && no_store}});
   }
 }
 
 TEST_F(Cellular, AnAccessPointNameIsTheServersOrTheNetworks) {
-  service_has("simslot", "1\n");
-  configure("network.4g.apn1", "internet");
+  const std::string registered = "cat /var/run/4g/getregsta";
+  setting("apn1", "internet").put();
   for (const char* isp : {"", "auto"}) {
-    configure("network.4g.isp", isp);
-    run("rm -f /var/run/4g/getregsta");
-    EXPECT_EQ(get(Cellular_AccessPoint_APN), answered(""));
-    EXPECT_EQ(messages().back(), "FTGGR.\n");
-    service_has("getregsta", "cmnet\n");
-    EXPECT_EQ(get(Cellular_AccessPoint_APN), answered("cmnet"));
-    EXPECT_EQ(commands().back(), "cat /var/run/4g/getregsta");
+    expect_gets({{ACCESS_POINT(APN), setting("isp", isp) && prints(registered, "cmnet\n"), "cmnet"},
+                 {ACCESS_POINT(APN), setting("isp", isp) && prints(registered, ""), "", "FTGGR.\n"}});
   }
-  EXPECT_EQ(set(Cellular_AccessPoint_APN, "private.example"), accepted());
-  EXPECT_EQ(config("network.4g.isp"), "manual");
-  EXPECT_EQ(get(Cellular_AccessPoint_APN), answered("private.example"));
-  EXPECT_EQ(set(Cellular_AccessPoint_Enable, "0"), accepted(kApplied));
-  EXPECT_EQ(get(Cellular_AccessPoint_APN), answered("cmnet"));
-}
+  expect_gets({{ACCESS_POINT(APN), setting("isp", "any") && prints(kSimSlot, "1\n"), "internet"}});
 
-TEST_F(Cellular, AnAccessPointNameThatCannotBeMadeTheOneInUseFailsTheSet) {
+  setting("isp", "manual").put();
+  const Source odd_slot = prints(kSimSlot, "1234567\n");  // of which an access point's option takes five characters
+  expect_gets({{ACCESS_POINT(APN), odd_slot && setting("apn12345", "five"), "five"},
+               {ACCESS_POINT(Username), odd_slot && setting("username1234567", "all"), "all"}});
+
   seams().on_log = [](const std::string& message) {
-    if (message.ends_with("uci set network.4g.isp=manual.\n\n")) break_store();
+    if (message.ends_with("uci set network.4g.isp=manual.\n\n")) no_store.put();
   };
-  EXPECT_EQ(set(Cellular_AccessPoint_APN, "private.example"), kRefused);
+  EXPECT_EQ(set(ACCESS_POINT(APN), "private.example"), kRefused);
   EXPECT_EQ(messages().back(), "FTSCAIM.\n");
-}
-
-TEST_F(Cellular, AnAccessPointNameIsKeptUnderEightCharacters) {
-  service_has("simslot", "1234567\n");
-  EXPECT_EQ(set(Cellular_AccessPoint_APN, "long"), accepted());
-  EXPECT_EQ(config("network.4g.apn12345"), "long");
-  EXPECT_EQ(set(Cellular_AccessPoint_Username, "user"), accepted());
-  EXPECT_EQ(config("network.4g.username1234567"), "user");
 }
 
 }  // namespace
