@@ -1,242 +1,138 @@
 // LAN address, DHCP server and hosts, in both trees.
 #include "pkg-lan/pkg-lan.h"
-#include "support/device.hpp"
+#include "support/tables.hpp"
+
+#define LAN(parameter) LANDevice_LANHostConfigManagement_##parameter
+#define LAN_IP(parameter) LANDevice_LANHostConfigManagement_IPInterface_##parameter
+#define LAN_HOST(parameter) LANDevice_Hosts_Host_##parameter
 
 namespace kova::test {
 namespace {
 
-// The verify script replaced by one that leaves `verdict` and does nothing else.
-void verdict(const std::string& verdict) {
-  static const int done = 0;
-  write_file("/tmp/tr069/check", "config check 'result'\n\toption set_result '" + verdict + "'\n");
-  seams().system_status = [](const std::string&) { return &done; };
-}
-
-class LanAddress : public DeviceTest {};
+class LanAddress : public TableTest {};
 
 TEST_F(LanAddress, IsReadFromTheStore) {
-  configure("network.lan.ipaddr", "192.168.7.1");
-  configure("network.lan.netmask", "255.255.254.0");
-  configure("network.lan.proto", "static");
-  for (const parameter_handler handler : {LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress,
-                                          LANDevice_LANHostConfigManagement_IPRouters, DHCPv4_Server_Pool_IPRouters})
-    EXPECT_EQ(get(handler), answered("192.168.7.1"));
-  for (const parameter_handler handler : {LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask,
-                                          LANDevice_LANHostConfigManagement_Subnetmask, DHCPv4_Server_Pool_SubnetMask})
-    EXPECT_EQ(get(handler), answered("255.255.254.0"));
-  EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceAddressingType), answered("static"));
-  EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterfaceNumberOfEntries), answered("1"));
-}
-
-TEST_F(LanAddress, CannotBeReadWithoutItsOptions) {
-  write_file("/etc/config/network", "config interface 'lan'\n");
-  EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress), kGetFailed);
-  EXPECT_EQ(messages().back(), "FTGLI.\n");
-  EXPECT_TRUE(seams().syslog.back().starts_with("pkg-lan.c, "));
-  for (const parameter_handler mask : {LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask,
-                                       LANDevice_LANHostConfigManagement_Subnetmask}) {
-    seams().syslog.clear();
-    EXPECT_EQ(get(mask), kGetFailed);
-    EXPECT_EQ(messages().back(), "FTGLM.\n");
-  }
-  EXPECT_EQ(get(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceAddressingType), (Answer{-1, ""}));
+  expect_gets({{LAN(IPInterfaceNumberOfEntries), as_is, "1"}});
+  expect_options({{LAN_IP(IPInterfaceIPAddress), "network.lan.ipaddr", kGetFailed, "FTGLI.\n"},
+                  {LAN_IP(IPInterfaceSubnetMask), "network.lan.netmask", kGetFailed, "FTGLM.\n"},
+                  {LAN(Subnetmask), "network.lan.netmask", kGetFailed, "FTGLM.\n"},
+                  {LAN_IP(IPInterfaceAddressingType), "network.lan.proto", Answer{-1, ""}}});
 }
 
 TEST_F(LanAddress, ChangesAreRecordedForLater) {
-  for (const parameter_handler handler : {LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress,
-                                          LANDevice_LANHostConfigManagement_IPRouters, DHCPv4_Server_Pool_IPRouters})
-    EXPECT_EQ(set(handler, "192.168.2.1"), accepted(APPLY_TASK_COMMANDS));
-  EXPECT_EQ(set(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask, "255.0.255.0"),
-            accepted(APPLY_TASK_COMMANDS));
-  const std::string address = "lua /usr/bin/tr069/verify_pms lan_ip \"192.168.2.1\" &\n";
-  EXPECT_EQ(task_record(), address + address + address + "lua /usr/bin/tr069/verify_pms lan_mask \"255.0.255.0\" &\n");
-  EXPECT_TRUE(commands().empty());
-}
-
-TEST_F(LanAddress, OnlyDottedQuadsAreRecorded) {
-  EXPECT_EQ(set(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress, "192.168.2"), kRefused);
-  EXPECT_EQ(set(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask, "/24"), kRefused);
-  EXPECT_EQ(messages(), (std::vector<std::string>{"mal format ip\n", "mal format ip\n"}));
-  run("rm -r /tmp/tr069");
-  EXPECT_EQ(set(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress, "192.168.2.1"), kRefused);
-  EXPECT_EQ(messages().back(), "fopen error\n");
+  expect_recorded(LAN_IP(IPInterfaceIPAddress), "192.168.2.1", "lan_ip \"192.168.2.1\" &");
+  expect_recorded(LAN_IP(IPInterfaceSubnetMask), "255.0.255.0", "lan_mask \"255.0.255.0\" &");
+  expect_sets({{LAN_IP(IPInterfaceIPAddress), "192.168.2", kRefused, {logs("mal format ip\n")}},
+               {LAN_IP(IPInterfaceSubnetMask), "/24", kRefused, {logs("mal format ip\n")}}});
+  set(LAN_IP(IPInterfaceSubnetMask), "/24");
+  EXPECT_TRUE(seams().syslog.back().starts_with("pkg-lan.c, "));
 }
 
 TEST_F(LanAddress, MacIsTheBridgesForTheOneInterfaceThereIs) {
-  if (!has_network()) GTEST_SKIP() << "the router runs in place, without interfaces";
-  const parameter_handler handler = LANDevice_LANHostConfigManagement_IPInterface_MACAddress;
-  EXPECT_EQ(get(handler, {1, 1}).text.size(), std::string("02:A4:F1:00:00:01").size());
-  EXPECT_EQ(get(handler, {1, 2}), kGetFailed);
-  EXPECT_EQ(get(handler, {0, 1}), kGetFailed);
-  seams().answer("ifconfig br-lan | grep HWaddr | awk '{print $5}'", "");
-  EXPECT_EQ(get(handler, {1, 1}), answered("0:0:0:0:0:0"));
-  seams().popen_fails = true;
-  EXPECT_EQ(get(handler, {1, 1}), kGetFailed);
-  EXPECT_TRUE(logged("FTGMAD.\n"));
+  const char command[] = "ifconfig br-lan | grep HWaddr | awk '{print $5}'";
+  const Source mac = prints(command, "02:A4:F1:00:00:01\n");
+  expect_gets({{LAN_IP(MACAddress), mac, "02:A4:F1:00:00:01"},
+               {LAN_IP(MACAddress), prints(command, ""), "0:0:0:0:0:0"},
+               {LAN_IP(MACAddress), no_pipes, kGetFailed, "FTGMAD.\n"},
+               {At{LAN_IP(MACAddress), {1, 2}}, as_is, kGetFailed},
+               {At{LAN_IP(MACAddress), {2, 1}}, as_is, kGetFailed}});
+  EXPECT_TRUE(!has_network() || get(LAN_IP(MACAddress)).text.size() == 17);
 }
 
-class DhcpServer : public DeviceTest {
+// ---- DHCP server ----
+
+class DhcpServer : public TableTest {
  protected:
   void SetUp() override {
     DeviceTest::SetUp();
-    configure("network.lan.ipaddr", "192.168.1.1");
-    configure("network.lan.netmask", "255.255.255.0");
-    configure("dhcp.lan.start", "100");
-    configure("dhcp.lan.limit", "150");
+    write_file("/etc/config/network",
+               "config x 'lan'\n\toption ipaddr '192.168.1.1'\n\toption netmask '255.255.255.0'\n");
+    write_file("/etc/config/dhcp", "config dhcp 'lan'\n\toption start '100'\n\toption limit '150'\n");
   }
 };
 
-const parameter_handler kEnableHandlers[] = {LANDevice_LANHostConfigManagement_DHCPServerEnable,
-                                             LANDevice_LANHostConfigManagement_IPInterface_DHCPServerEnable,
-                                             DHCPv4_Server_Enable, DHCPv4_Server_Pool_Enable};
-const parameter_handler kFirstHandlers[] = {LANDevice_LANHostConfigManagement_MinAddress,
-                                            LANDevice_LANHostConfigManagement_IPInterface_MinAddress,
-                                            DHCPv4_Server_Pool_MinAddress};
-const parameter_handler kLastHandlers[] = {LANDevice_LANHostConfigManagement_MaxAddress,
-                                           LANDevice_LANHostConfigManagement_IPInterface_MaxAddress,
-                                           DHCPv4_Server_Pool_MaxAddress};
-const parameter_handler kLeaseHandlers[] = {LANDevice_LANHostConfigManagement_DHCPLeaseTime,
-                                            LANDevice_LANHostConfigManagement_IPInterface_DHCPLeaseTime,
-                                            DHCPv4_Server_Pool_LeaseTime};
-const parameter_handler kDnsHandlers[] = {LANDevice_LANHostConfigManagement_DNSServers, DHCPv4_Server_Pool_DNSServers};
+// The verify script replaced by one that leaves this verdict and does nothing else.
+Source verdict(const std::string& verdict, int status = 0) {
+  return exits(status) && file("/tmp/tr069/check", "config check 'result'\n\toption set_result '" + verdict + "'\n");
+}
 
-TEST_F(DhcpServer, IsOnUnlessIgnored) {
+std::string verifies(const std::string& arguments) { return runs("lua /usr/bin/tr069/verify_pms " + arguments); }
+
+TEST_F(DhcpServer, StateAndPoolAreReadFromTheConfiguration) {
   for (const auto& [ignore, enabled, status] :
-       {std::tuple{"1", "0", "Disabled"}, {"0", "1", "Enabled"}, {"", "1", "Enabled"}, {"11111", "1", "Enabled"}}) {
-    configure("dhcp.lan.ignore", ignore);
-    for (const parameter_handler handler : kEnableHandlers) EXPECT_EQ(get(handler), answered(enabled));
-    EXPECT_EQ(get(DHCPv4_Server_Pool_Status), answered(status));
-  }
-  EXPECT_EQ(get(DHCPv4_Server_PoolNumberOfEntries), answered("1"));
-  EXPECT_EQ(get(DHCPv4_Server_Pool_Interface), answered("Device.IP.Interface.2."));
+       {std::tuple{"1", "0", "Disabled"}, {"0", "1", "Enabled"}, {"", "1", "Enabled"}, {"11111", "1", "Enabled"}})
+    expect_gets({{LAN(DHCPServerEnable), option("dhcp.lan.ignore", ignore), enabled},
+                 {DHCPv4_Server_Pool_Status, option("dhcp.lan.ignore", ignore), status}});
+  expect_gets({{DHCPv4_Server_PoolNumberOfEntries, as_is, "1"},
+               {DHCPv4_Server_Pool_Interface, as_is, "Device.IP.Interface.2."},
+               {LAN(MinAddress), as_is, "192.168.1.100"},
+               {LAN(MaxAddress), as_is, "192.168.1.249"},
+               {LAN(MinAddress), option("dhcp.lan.limit", ""), kGetFailed, "FTGDSIAD.\n"},
+               {LAN(MaxAddress), option("dhcp.lan.limit", ""), kGetFailed, "FTGDEIAD.\n"}});
 }
 
-TEST_F(DhcpServer, SynchronousChangesRunTheVerifyScriptAndHeedItsVerdict) {
-  struct Change {
-    parameter_handler handler;
-    const char* value;
-    std::string arguments;
-    const char* failure;
-  };
-  std::vector<Change> changes;
-  for (const parameter_handler handler : kEnableHandlers)
-    changes.push_back({handler, "0", "dhcps_enable \"0\"", "FTSDSE.\n"});
-  for (const parameter_handler handler : kFirstHandlers)
-    changes.push_back({handler, "192.168.1.50", R"(dhcps_startip "192.168.1.50" "192.168.1.249")", "FTSSIAD.\n"});
-  for (const parameter_handler handler : kLastHandlers)
-    changes.push_back({handler, "192.168.1.200", R"(dhcps_endip "192.168.1.100" "192.168.1.200")", "FTSEIAD.\n"});
-  for (const parameter_handler handler : kLeaseHandlers)
-    changes.push_back({handler, "7199", "dhcps_leasetime \"119\"", "FTSDLT.\n"});
-  for (const parameter_handler handler : kDnsHandlers)
-    changes.push_back({handler, "any text", "dhcps_dns \"any text\"", "FTSDSS.\n"});
-
-  for (const Change& change : changes) {
-    SCOPED_TRACE(change.arguments);
-    verdict("1");
-    EXPECT_EQ(set(change.handler, change.value), accepted());
-    EXPECT_EQ(commands().back(), "lua /usr/bin/tr069/verify_pms " + change.arguments);
-    for (const char* rejected : {"0", "01", "1 ", "11111"}) {
-      verdict(rejected);
-      seams().syslog.clear();
-      EXPECT_EQ(set(change.handler, change.value), kRefused);
-      EXPECT_EQ(messages().back(), change.failure);
-    }
-    run("rm /tmp/tr069/check");
-    EXPECT_EQ(set(change.handler, change.value), kRefused);
+TEST_F(DhcpServer, ChangesRunTheVerifyScriptAndHeedItsVerdict) {
+  for (const auto& [handler, value, arguments, failure] :
+       {std::tuple{&LAN(DHCPServerEnable), "0", "dhcps_enable \"0\"", "FTSDSE.\n"},
+        {LAN(MinAddress), "192.168.1.50", R"(dhcps_startip "192.168.1.50" "192.168.1.249")", "FTSSIAD.\n"},
+        {LAN(MaxAddress), "192.168.1.200", R"(dhcps_endip "192.168.1.100" "192.168.1.200")", "FTSEIAD.\n"},
+        {LAN(DHCPLeaseTime), "7199", "dhcps_leasetime \"119\"", "FTSDLT.\n"},
+        {LAN(DNSServers), "any text", "dhcps_dns \"any text\"", "FTSDSS.\n"}}) {
+    const Effects refused{verifies(arguments), logs(failure)};
+    expect_sets({{handler, value, accepted(), {verifies(arguments)}, verdict("1", 256)},  // however the script ended
+                 {handler, value, kRefused, refused, verdict("0")},
+                 {handler, value, kRefused, refused, verdict("01")},
+                 {handler, value, kRefused, refused, verdict("11111")},
+                 {handler, value, kRefused, refused, exits(0)}});
   }
-
-  // The verdict alone counts, not how the script ended; and a command that would be cut is not run.
-  verdict("1");
-  static const int failed = 256;
-  seams().system_status = [](const std::string&) { return &failed; };
-  EXPECT_EQ(set(kEnableHandlers[0], "0"), accepted());
-  commands().clear();
-  EXPECT_EQ(set(kDnsHandlers[0], std::string(2000, '1')), kRefused);
-  EXPECT_TRUE(commands().empty());
-}
-
-TEST_F(DhcpServer, PoolEndsAreReadFromTheConfiguration) {
-  for (const parameter_handler handler : kFirstHandlers) EXPECT_EQ(get(handler), answered("192.168.1.100"));
-  for (const parameter_handler handler : kLastHandlers) EXPECT_EQ(get(handler), answered("192.168.1.249"));
-  configure("dhcp.lan.limit", "");
-  EXPECT_EQ(get(kFirstHandlers[0]), kGetFailed);
-  EXPECT_TRUE(logged("FTGDSIAD.\n"));
-  EXPECT_EQ(get(kLastHandlers[0]), kGetFailed);
-  EXPECT_TRUE(logged("FTGDEIAD.\n"));
-}
-
-TEST_F(DhcpServer, AnAddressOutsideTheLanNeverReachesTheScript) {
-  for (const auto& [handler, failure] :
-       {std::pair{kFirstHandlers[0], "FTSSIAD.\n"}, std::pair{kLastHandlers[0], "FTSEIAD.\n"}}) {
-    EXPECT_EQ(set(handler, "10.0.0.1"), kRefused);
-    EXPECT_EQ(messages().back(), failure);
-    EXPECT_EQ(set(handler, "192.168.1.050"), kRefused);
-    EXPECT_EQ(messages().back(), "mal format ip\n");
-  }
-  EXPECT_TRUE(commands().empty());
+  // A command that would be cut is not run, and an address outside the LAN never reaches the script.
+  expect_sets({{LAN(DNSServers), std::string(2000, '1'), kRefused, {logs("FTSDSS.\n")}},
+               {LAN(MinAddress), "10.0.0.1", kRefused, {logs("FTSSIAD.\n")}},
+               {LAN(MinAddress), "192.168.1.050", kRefused, {logs("mal format ip\n")}},
+               {LAN(MaxAddress), "10.0.0.1", kRefused, {logs("FTSEIAD.\n")}},
+               {LAN(MaxAddress), "192.168.1.050", kRefused, {logs("mal format ip\n")}}});
+  // The router's own script.
+  EXPECT_EQ(set(LAN(MinAddress), "192.168.1.20"), accepted());
+  EXPECT_EQ(config("dhcp.lan.start"), "20");
 }
 
 TEST_F(DhcpServer, LeaseTimeCountsMinutesOrHours) {
-  for (const auto& [stored, seconds] : {std::pair{"12h", "43200"}, {"120", "7200"}, {"h", "0"}, {"5 or h", "18000"}}) {
-    configure("dhcp.lan.leasetime", stored);
-    for (const parameter_handler handler : kLeaseHandlers) EXPECT_EQ(get(handler), answered(seconds));
-  }
-  configure("dhcp.lan.leasetime", "");
-  EXPECT_EQ(get(kLeaseHandlers[0]), kGetFailed);
-  EXPECT_TRUE(logged("FTGDLTE.\n\n"));
+  for (const auto& [stored, seconds] : {std::pair{"12h", "43200"}, {"120", "7200"}, {"h", "0"}, {"5 or h", "18000"}})
+    expect_gets({{LAN(DHCPLeaseTime), option("dhcp.lan.leasetime", stored), seconds}});
+  expect_gets({{LAN(DHCPLeaseTime), option("dhcp.lan.leasetime", ""), kGetFailed, "FTGDLTE.\n\n"}});
 
-  verdict("1");
-  for (const auto& [seconds, minutes] : {std::pair{"-1", "35791394"},
-                                         {"0", "1"},
-                                         {"59", "1"},
-                                         {"60", "1"},
-                                         {"120", "2"},
-                                         {"-59", "0"},
-                                         {"-120", "-2"},
-                                         {"words", "1"}}) {
-    EXPECT_EQ(set(kLeaseHandlers[0], seconds), accepted());
-    EXPECT_EQ(commands().back(), std::string("lua /usr/bin/tr069/verify_pms dhcps_leasetime \"") + minutes + "\"");
+  const std::pair<const char*, const char*> times[] = {{"-1", "35791394"}, {"0", "1"},    {"59", "1"},
+                                                       {"60", "1"},        {"120", "2"},  {"-59", "0"},
+                                                       {"-120", "-2"},     {"words", "1"}};
+  for (const auto& [seconds, minutes] : times) {
+    const std::string arguments = std::string("dhcps_leasetime \"") + minutes + "\"";
+    expect_sets({{LAN(DHCPLeaseTime), seconds, accepted(), {verifies(arguments)}, verdict("1")}});
   }
 }
 
 TEST_F(DhcpServer, DnsServersAreTwoWithASpaceBetween) {
-  const auto offer = [](const std::string& servers) {
-    run("rm -f /var/etc/dnsmasq.conf*");
-    write_file("/var/etc/dnsmasq.conf.cfg01411c",
-               "port=53\ndhcp-option=lan,3,192.168.1.1\ndhcp-option=lan,6," + servers + "\n");
+  const auto offered = [](const std::string& first, const std::string& second) {
+    const std::string command = "cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $";
+    return prints(command + "3}'", first) && prints(command + "4}'", second);
   };
-  for (const auto& [offered, answer] : {std::pair{"192.0.2.1,192.0.2.2", "192.0.2.1 192.0.2.2"},
-                                        {"192.0.2.1", "192.0.2.1 "},
-                                        {"192.0.2.1,192.0.2.1", "192.0.2.1 0.0.0.0"},
-                                        {"0.0.0.0,192.0.2.2", "0.0.0.0 192.0.2.2"},
-                                        {"192.0.2.1,0.0.0.0", "192.0.2.1 0.0.0.0"},
-                                        {"0.0.0.0,0.0.0.0", "192.168.1.1 0.0.0.0"},
-                                        {"192.0.2.1.and.twenty.letters.more", "192.0.2.1.and.twenty.letters.mo "}}) {
-    offer(offered);
-    for (const parameter_handler handler : kDnsHandlers) EXPECT_EQ(get(handler), answered(answer));
-  }
-  run("rm -f /var/etc/dnsmasq.conf*");
-  EXPECT_EQ(get(kDnsHandlers[0]), answered(" 0.0.0.0"));
-  offer("0.0.0.0,0.0.0.0");
-  configure("network.lan.ipaddr", "");
-  EXPECT_EQ(get(kDnsHandlers[0]), kGetFailed);
-  EXPECT_TRUE(logged("FTGLI.\n"));
-}
-
-TEST_F(DhcpServer, TheRoutersVerifyScriptChangesTheDhcpPackage) {
-  EXPECT_EQ(set(DHCPv4_Server_Pool_MinAddress, "192.168.1.20", {1}), accepted());
-  EXPECT_EQ(config("dhcp.lan.start"), "20");
-  EXPECT_EQ(get(DHCPv4_Server_Pool_MinAddress, {1}), answered("192.168.1.20"));
-  EXPECT_EQ(get(DHCPv4_Server_Pool_MaxAddress, {1}), answered("192.168.1.249"));
-  EXPECT_EQ(set(DHCPv4_Server_Enable, "0"), accepted());
-  EXPECT_EQ(config("dhcp.lan.ignore"), "1");
-  EXPECT_EQ(set(DHCPv4_Server_Enable, "maybe"), kRefused);
-  EXPECT_EQ(config("dhcp.lan.ignore"), "1");
+  const Source unset = offered("0.0.0.0", "0.0.0.0");
+  const std::string overlong(40, 's');
+  expect_gets({{LAN(DNSServers), offered("1.2.3.1", "1.2.3.2"), "1.2.3.1 1.2.3.2"},
+               {LAN(DNSServers), offered("1.2.3.1", ""), "1.2.3.1 "},
+               {LAN(DNSServers), offered("1.2.3.1", "1.2.3.1"), "1.2.3.1 0.0.0.0"},
+               {LAN(DNSServers), offered("0.0.0.0", "1.2.3.2"), "0.0.0.0 1.2.3.2"},
+               {LAN(DNSServers), offered("1.2.3.1", "0.0.0.0"), "1.2.3.1 0.0.0.0"},
+               {LAN(DNSServers), offered("", ""), " 0.0.0.0"},
+               {LAN(DNSServers), offered(overlong, overlong + "2"), std::string(31, 's') + " 0.0.0.0"},
+               {LAN(DNSServers), unset, "192.168.1.1 0.0.0.0"},
+               {LAN(DNSServers), unset && option("network.lan.ipaddr", ""), kGetFailed, "FTGLI.\n"}});
 }
 
 // ---- Hosts ----
 
-class Hosts : public DeviceTest {
+const Source no_hosts = no_file("/tmp/tr069/hosts");
+
+class Hosts : public TableTest {
  protected:
   void SetUp() override {
     DeviceTest::SetUp();
@@ -248,101 +144,64 @@ class Hosts : public DeviceTest {
   }
 };
 
-struct HostField {
-  parameter_handler lan_device;
-  parameter_handler device;
-  const char* text;
-  const char* fallback;
-};
-
-const HostField kHostFields[] = {
-    {LANDevice_Hosts_Host_IPAddress, Hosts_Host_IPAddress, "192.168.1.10", ""},
-    {LANDevice_Hosts_Host_MACAddress, Hosts_Host_PhysAddress, "02:00:00:00:00:10", "0:0:0:0:0:0"},
-    {LANDevice_Hosts_Host_HostName, Hosts_Host_HostName, "laptop", "unkown"},
-    {LANDevice_Hosts_Host_AddressSource, Hosts_Host_AddressSource, "DHCP", ""},
-    {LANDevice_Hosts_Host_LeaseTimeRemaining, Hosts_Host_LeaseTimeRemaining, "300", "0"},
-    {LANDevice_Hosts_Host_InterfaceType, Hosts_Host_InterfaceType, "802.11", " "},
-    {LANDevice_Hosts_Host_Active, Hosts_Host_Active, "1", "unkown"},
-};
-
 TEST_F(Hosts, RowsOfBothTreesReadTheSnapshot) {
-  EXPECT_EQ(get(LANDevice_Hosts_HostNumberOfEntries), answered("2"));
-  EXPECT_EQ(get(Hosts_HostNumberOfEntries), answered("2"));
-  for (const HostField& field : kHostFields) {
-    for (const auto& [handler, row, beyond] :
-         {std::tuple{field.lan_device, Instances{1, 1}, Instances{1, 7}}, {field.device, {1}, {7}}}) {
-      EXPECT_EQ(get(handler, row), answered(field.text));
-      seams().syslog.clear();
-      EXPECT_EQ(get(handler, beyond), answered(field.fallback));
-      EXPECT_EQ(logged("uci get error\n"), field.lan_device == LANDevice_Hosts_Host_IPAddress);
-      seams().syslog.clear();
-      EXPECT_EQ(set(handler, "x", row), kRefused);
-      EXPECT_EQ(logged("FTSHLTR.\n"), field.lan_device == LANDevice_Hosts_Host_LeaseTimeRemaining);
-    }
+  for (const auto& [lan_device, device, text, fallback, missing, unlocated] :
+       {std::tuple{&LAN_HOST(IPAddress), &Hosts_Host_IPAddress, "192.168.1.10", "", "uci get error\n", "LE\n"},
+        {LAN_HOST(MACAddress), Hosts_Host_PhysAddress, "02:00:00:00:00:10", "0:0:0:0:0:0", "", "LE\n"},
+        {LAN_HOST(HostName), Hosts_Host_HostName, "laptop", "unkown", "", "locate error\n"},
+        {LAN_HOST(AddressSource), Hosts_Host_AddressSource, "DHCP", "", "", "LE\n"},
+        {LAN_HOST(LeaseTimeRemaining), Hosts_Host_LeaseTimeRemaining, "300", "0", "", "LE\n"},
+        {LAN_HOST(InterfaceType), Hosts_Host_InterfaceType, "802.11", " ", "", "LE\n"},
+        {LAN_HOST(Active), Hosts_Host_Active, "1", "unkown", "", "LE\n"}}) {
+    expect_gets({{At{lan_device, {2, 1}}, as_is, text},
+                 {At{lan_device, {1, 7}}, as_is, fallback, missing},
+                 {At{lan_device, {1, 0}}, as_is, kGetFailed, "LE\n"},
+                 {At{lan_device, {0, 1}}, as_is, kGetFailed, "LE\n"},
+                 {At{device, {1, 0}}, as_is, text},
+                 {At{device, {7, 1}}, as_is, fallback, missing},
+                 {At{device, {0, 1}}, as_is, kGetFailed, unlocated}});
   }
-}
-
-TEST_F(Hosts, RowsThatCannotBeLocatedFail) {
-  for (const Instances& nowhere : {Instances{1, 0}, Instances{0, 1}}) {
-    for (const HostField& field : kHostFields) EXPECT_EQ(get(field.lan_device, nowhere), kGetFailed);
-    EXPECT_EQ(get(LANDevice_Hosts_Host_Layer2Interface, nowhere), kGetFailed);
-    EXPECT_EQ(messages(), std::vector<std::string>(std::size(kHostFields) + 1, "LE\n"));
-    seams().syslog.clear();
-  }
-  for (const parameter_handler reference : {Hosts_Host_Layer1Interface, Hosts_Host_Layer3Interface}) {
-    run("rm -f /tmp/tr069/hosts");
-    EXPECT_EQ(get(reference, {0}), kGetFailed);
-    EXPECT_EQ(messages().back(), "LE\n");
-    EXPECT_EQ(commands().back(), "/usr/bin/tr069/gen_hosts");  // made before the row is looked for
-    commands().clear();
-  }
-  for (const HostField& field : kHostFields) {
-    EXPECT_EQ(get(field.device, {0}), kGetFailed);
-    EXPECT_EQ(messages().back(), field.device == Hosts_Host_HostName ? "locate error\n" : "LE\n");
-  }
+  for (const parameter_handler lease : {LAN_HOST(LeaseTimeRemaining), Hosts_Host_LeaseTimeRemaining})
+    expect_sets({{lease, "1", kRefused, {logs("FTSHLTR.\n")}}});
 }
 
 TEST_F(Hosts, InterfacesAreReferencedInEachTreesOwnSpelling) {
-  const struct {
-    const char* interface;
-    const char* lan_device;
-    const char* device;
-  } references[] = {
-      {"wlan00", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.1", "WiFi.Radio.1."},
-      {"wlan10", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.2", "WiFi.Radio.2."},
-      {"wlan02", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.3", "WiFi.Radio.1."},
-      {"wlan12", "InternetGatewayDevice.LANDevice.1.WLANConfiguration.4", "WiFi.Radio.2."},
-      {"eth1", "InternetGatewayDevice.LANDevice.1.LANEthernetInterfaceConfig.1", "Device.Ethernet.Interface.2."},
-  };
-  for (const auto& [interface, lan_device, device] : references) {
-    write_file("/tmp/tr069/hosts", std::string("config host '3'\n\toption lay2if '") + interface + "'\n");
-    EXPECT_EQ(get(LANDevice_Hosts_Host_Layer2Interface, {1, 3}), answered(lan_device));
-    EXPECT_EQ(get(Hosts_Host_Layer1Interface, {3}), answered(device));
-    EXPECT_EQ(get(Hosts_Host_Layer3Interface, {3}), answered("Device.IP.Interface.2."));
+  const std::string lan_device = "InternetGatewayDevice.LANDevice.1.";
+  for (const auto& [interface, in_lan_device, in_device] :
+       {std::tuple{"wlan00", "WLANConfiguration.1", "WiFi.Radio.1."},
+        {"wlan10", "WLANConfiguration.2", "WiFi.Radio.2."},
+        {"wlan02", "WLANConfiguration.3", "WiFi.Radio.1."},
+        {"wlan12", "WLANConfiguration.4", "WiFi.Radio.2."},
+        {"eth1", "LANEthernetInterfaceConfig.1", "Device.Ethernet.Interface.2."}}) {
+    const Source row = file("/tmp/tr069/hosts", std::string("config host '3'\n\toption lay2if '") + interface + "'\n");
+    expect_gets({{At{LAN_HOST(Layer2Interface), {1, 3}}, row, lan_device + in_lan_device},
+                 {At{Hosts_Host_Layer1Interface, {3}}, row, in_device},
+                 {At{Hosts_Host_Layer3Interface, {3}}, row, "Device.IP.Interface.2."}});
   }
-  EXPECT_EQ(get(LANDevice_Hosts_Host_Layer2Interface, {1, 4}), answered(""));
-  EXPECT_EQ(get(Hosts_Host_Layer1Interface, {4}), answered(""));
-  EXPECT_EQ(get(Hosts_Host_Layer3Interface, {4}), answered(""));
+  for (const parameter_handler handler :
+       {LAN_HOST(Layer2Interface), Hosts_Host_Layer1Interface, Hosts_Host_Layer3Interface})
+    expect_gets({{At{handler, {7, 7}}, as_is, ""}, {At{handler, {0, 1}}, as_is, kGetFailed, "LE\n"}});
+  expect_gets({{At{LAN_HOST(Layer2Interface), {1, 0}}, as_is, kGetFailed, "LE\n"}});
 }
 
 TEST_F(Hosts, TheSnapshotIsMadeOnceAndRemovedOnRequest) {
-  get(Hosts_HostNumberOfEntries);
-  EXPECT_TRUE(commands().empty());
+  expect_gets({{LANDevice_Hosts_HostNumberOfEntries, as_is, "2"},
+               {LANDevice_Hosts_HostNumberOfEntries, no_hosts && exits(256), "0"}});
   EXPECT_EQ(delete_host_info(), 0);
   EXPECT_NE(delete_host_info(), 0);
-  EXPECT_EQ(commands(), std::vector<std::string>{"rm /tmp/tr069/hosts"});
-
-  EXPECT_GT(std::stoi(get(Hosts_HostNumberOfEntries).text), 0);
-  EXPECT_EQ(commands().back(), "/usr/bin/tr069/gen_hosts");
-  EXPECT_EQ(generate_host_info(), 0);
-  EXPECT_EQ(commands().size(), 2U);
-
-  delete_host_info();
-  const int failed = 256;
-  seams().system_status = [&](const std::string&) { return &failed; };
-  EXPECT_EQ(get(LANDevice_Hosts_HostNumberOfEntries), answered("0"));
+  std::vector<std::string> expected{"rm /tmp/tr069/hosts"};
+  for (const parameter_handler handler :
+       {LANDevice_Hosts_HostNumberOfEntries, LAN_HOST(IPAddress), Hosts_Host_Layer1Interface}) {
+    no_hosts.put();
+    expected.emplace_back("/usr/bin/tr069/gen_hosts");
+    get(handler, {0, 0});  // made before the row is looked for
+    get(handler, {1, 1});
+    EXPECT_EQ(generate_host_info(), 0);
+    EXPECT_EQ(commands(), expected);
+  }
+  EXPECT_GT(std::stoi(get(LANDevice_Hosts_HostNumberOfEntries).text), 0);
+  (no_hosts && exits(256)).put();
   EXPECT_NE(generate_host_info(), 0);
-  EXPECT_EQ(get(Hosts_Host_IPAddress, {1}), answered(""));
 }
 
 TEST_F(Hosts, TheMeshListIsMadeOnceToo) {
