@@ -1,164 +1,101 @@
 // DeviceInfo, UserInterface, Users, LEDs and Time.
 #include "pkg-dev/pkg-dev.h"
-#include "support/device.hpp"
+#include "support/tables.hpp"
+
+#define INFO(parameter) DeviceInfo_##parameter
+#define REMOTE(parameter) UserInterface_RemoteAccess_##parameter
 
 namespace kova::test {
 namespace {
 
-class DeviceInfo : public DeviceTest {};
+class DeviceInfo : public TableTest {};
 
-TEST_F(DeviceInfo, ConstantsAndReadOnlyRefusals) {
-  EXPECT_EQ(get(DeviceSummary), answered("InternetGatewayDevice:1.1[](Baseline:1,EthernetLAN:1)"));
-  EXPECT_EQ(get(LANDeviceNumberOfEntries), answered("1"));
-  EXPECT_EQ(get(WANDeviceNumberOfEntries), answered("1"));
-  EXPECT_EQ(get(DeviceInfo_SpecVersion), answered("1.0"));
-  EXPECT_EQ(get(DeviceInfo_FirstUseDate), answered("None"));
-  EXPECT_EQ(get(DeviceInfo_DeviceLog), answered(""));
-  EXPECT_EQ(set(DeviceInfo_FirstUseDate, "x"), kRefused);
-  EXPECT_EQ(set(DeviceInfo_DeviceLog, "x"), kRefused);
-  EXPECT_EQ(messages(), (std::vector<std::string>{"GFUDE.\n", "FTGDL.\n"}));
+TEST_F(DeviceInfo, FixedTextsBoardAndFirmware) {
+  expect_gets({{DeviceSummary, as_is, "InternetGatewayDevice:1.1[](Baseline:1,EthernetLAN:1)"},
+               {LANDeviceNumberOfEntries, as_is, "1"},
+               {WANDeviceNumberOfEntries, as_is, "1"},
+               {INFO(SpecVersion), as_is, "1.0"},
+               {INFO(FirstUseDate), as_is, "None"},
+               {INFO(DeviceLog), as_is, ""},
+               {INFO(SoftwareVersion), prints("cat /etc/rom_version", "KOVA 2.1.0\nsecond line\n"), "KOVA 2.1.0"},
+               {INFO(SerialNumber), prints("bdinfo sn", std::string(70, 's') + "\n"), std::string(63, 's')},
+               {INFO(SerialNumber), prints("bdinfo sn", ""), "01234567890", "NASNFUD.\n\n"}});
+  expect_options({{INFO(Manufacturer), "system.board.manufacturer", "Kova"},
+                  {INFO(ProductClass), "system.board.model", "IGD"},
+                  {INFO(ProvisioningCode), "cwmp.info.provisioningcode", ""}});
+  const Source no_store = no_file("/etc/config/cwmp");
+  expect_sets({{INFO(ProvisioningCode), "P-2", accepted(), {stores("cwmp.info.provisioningcode", "P-2")}},
+               {INFO(ProvisioningCode), "P-2", kRefused, {logs("FTSPSC.\n")}, no_store},
+               {INFO(FirstUseDate), "x", kRefused, {logs("GFUDE.\n")}},
+               {INFO(DeviceLog), "x", kRefused, {logs("FTGDL.\n")}}});
+  set(INFO(DeviceLog), "x");
   EXPECT_TRUE(seams().syslog[0].starts_with("pkg-dev.c, "));
 }
 
-TEST_F(DeviceInfo, BoardOptionsAndWhatStandsInForThem) {
-  configure("system.board.manufacturer", "Acme");
-  configure("system.board.model", "R 1");
-  EXPECT_EQ(get(DeviceInfo_Manufacturer), answered("Acme"));
-  const parameter_handler model_handlers[] = {DeviceInfo_ProductClass, DeviceInfo_ModelName, DeviceInfo_Description,
-                                              DeviceInfo_HardwareVersion};
-  for (const parameter_handler handler : model_handlers) EXPECT_EQ(get(handler), answered("R 1"));
-  configure("system.board.manufacturer", "");
-  configure("system.board.model", "");
-  EXPECT_EQ(get(DeviceInfo_Manufacturer), answered("Kova"));
-  for (const parameter_handler handler : model_handlers) EXPECT_EQ(get(handler), answered("IGD"));
-}
-
 TEST_F(DeviceInfo, OuiIsTheFirstSixDigitsOfTheMac) {
-  for (const char* mac : {"AA-BB-CC-DD-EE-FF\n", "AA:BB:CC:DD:EE:FF", "AABBCCDDEEFF\n"}) {
-    seams().answer("bdinfo mac", mac);
-    EXPECT_EQ(get(DeviceInfo_ManufacturerOUI), answered("AABBCC"));
-    EXPECT_EQ(get(DeviceInfo_OUI), answered("AABBCC"));
-  }
-  seams().answer("bdinfo mac", "A-B\n");
-  EXPECT_EQ(get(DeviceInfo_ManufacturerOUI), answered("AB"));
-  EXPECT_EQ(get(DeviceInfo_OUI), answered("AB"));
-  seams().answer("bdinfo mac", "");
-  EXPECT_EQ(get(DeviceInfo_ManufacturerOUI), answered(""));
-  EXPECT_EQ(get(DeviceInfo_OUI), answered("02a4f1"));
-  seams().popen_fails = true;
-  EXPECT_EQ(get(DeviceInfo_ManufacturerOUI), kGetFailed);
-  EXPECT_TRUE(logged("FTGM.\n"));
-}
-
-TEST_F(DeviceInfo, SerialNumberAndVersions) {
-  seams().answer("bdinfo sn", std::string(70, 's') + "\n");
-  EXPECT_EQ(get(DeviceInfo_SerialNumber), answered(std::string(63, 's')));
-  seams().answer("bdinfo sn", "");
-  EXPECT_EQ(get(DeviceInfo_SerialNumber), answered("01234567890"));
-  EXPECT_TRUE(logged("NASNFUD.\n\n"));
-
-  write_file("/etc/rom_version", "KOVA 2.1.0\nsecond line\n");
-  EXPECT_EQ(get(DeviceInfo_SoftwareVersion), answered("KOVA 2.1.0"));
-  EXPECT_EQ(get(DeviceInfo_ModemFirmwareVersion), answered("KOVA 2.1.0"));
-}
-
-TEST_F(DeviceInfo, ProvisioningCodeIsTheAgentsOption) {
-  EXPECT_EQ(set(DeviceInfo_ProvisioningCode, "P-1"), accepted());
-  EXPECT_EQ(config("cwmp.info.provisioningcode"), "P-1");
-  EXPECT_EQ(get(DeviceInfo_ProvisioningCode), answered("P-1"));
-  run("rm /etc/config/cwmp");
-  EXPECT_EQ(get(DeviceInfo_ProvisioningCode), answered(""));
-  EXPECT_EQ(set(DeviceInfo_ProvisioningCode, "P-2"), kRefused);
-  EXPECT_TRUE(logged("FTSPSC.\n"));
+  for (const auto& [mac, oui, other] : {std::tuple{"AA-BB-CC-DD-EE-FF\n", "AABBCC", "AABBCC"},
+                                        {"AA:BB:CC:DD:EE:FF", "AABBCC", "AABBCC"},
+                                        {"A-B\n", "AB", "AB"},
+                                        {"", "", "02a4f1"}})
+    expect_gets(
+        {{INFO(ManufacturerOUI), prints("bdinfo mac", mac), oui}, {INFO(OUI), prints("bdinfo mac", mac), other}});
+  expect_gets({{INFO(ManufacturerOUI), no_pipes, kGetFailed, "FTGM.\n"}});
 }
 
 TEST_F(DeviceInfo, MemoryComesFromTheKernelsTable) {
-  const char* const table =
-      "MemTotal:         126000 kB\nMemFree:           60000 kB\nBuffers:            4000 kB\n"
-      "Cached:            30000 kB\nSwapCached:            0 kB\n";
-  seams().answer("cat /proc/meminfo", table);
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Total), answered("126000"));
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Free), answered("60000"));
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Used), answered("32000"));
+  const auto table = [](const std::string& lines) { return prints("cat /proc/meminfo", lines); };
+  const Source whole = table("MemTotal: 126000 kB\nMemFree:  60000 kB\nBuffers: 4000 kB\nCached: 30000 kB\n");
   // Of a repeated line the last counts; "SwapCached" must not count as "Cached", and nothing is used below zero.
-  seams().answer("cat /proc/meminfo", "MemTotal: 1 kB\nMemTotal: 1000 kB\nCached: 100 kB\nSwapCached: 7 kB\n");
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Used), answered("893"));
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Total), answered("1000"));
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Free), answered(""));
-  seams().answer("cat /proc/meminfo", "MemTotal: 10 kB\nMemFree: 20 kB\n");
-  EXPECT_EQ(get(DeviceInfo_MemoryStatus_Used), answered("0"));
+  const Source odd = table("MemTotal: 1 kB\nMemTotal: 1000 kB\nCached: 100 kB\nSwapCached: 7 kB\n");
+  expect_gets({{INFO(MemoryStatus_Total), whole, "126000"},
+               {INFO(MemoryStatus_Free), whole, "60000"},
+               {INFO(MemoryStatus_Used), whole, "32000"},
+               {INFO(MemoryStatus_Total), odd, "1000"},
+               {INFO(MemoryStatus_Free), odd, ""},
+               {INFO(MemoryStatus_Used), odd, "893"},
+               {INFO(MemoryStatus_Used), table("MemTotal: 10 kB\nMemFree: 20 kB\n"), "0"},
+               {INFO(MemoryStatus_Total), no_pipes, kGetFailed, "FTOMI.\n"},
+               {INFO(MemoryStatus_Used), no_pipes, kGetFailed, "FTOMI.\n"}});
 }
 
-TEST_F(DeviceInfo, LiveReadingsOfTheRunningKernel) {
-  for (const parameter_handler handler :
-       {DeviceInfo_UpTime, DeviceInfo_MemoryStatus_Total, DeviceInfo_MemoryStatus_Used,
-        DeviceInfo_ProcessStatus_ProcessNumberOfEntries}) {
-    const Answer answer = get(handler);
-    EXPECT_EQ(answer.result, 0);
-    EXPECT_GT(std::stol(answer.text), 0);
-  }
-  EXPECT_EQ(commands(), (std::vector<std::string>{"cat /proc/uptime | awk -F '.' '{print $1}' ", "cat /proc/meminfo",
-                                                  "cat /proc/meminfo", "ps | sed '1d' | sed -n '$='"}));
-  const int usage = std::stoi(get(DeviceInfo_ProcessStatus_CPUUsage).text);
-  EXPECT_GE(usage, 0);
-  EXPECT_LE(usage, 100);
-  EXPECT_EQ(run(commands().back() + " | grep -qx '[0-9.]*'"), 0) << "the line of this system's top is not understood";
+TEST_F(DeviceInfo, OtherReadingsAreTheToolsOutput) {
+  const std::string usage = "top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'";
+  expect_gets({{INFO(UpTime), prints("cat /proc/uptime | awk -F '.' '{print $1}' ", "77\n"), "77"},
+               {INFO(UpTime), no_pipes, kGetFailed, "FTGU.\n"},
+               {INFO(ProcessStatus_ProcessNumberOfEntries), prints("ps | sed '1d' | sed -n '$='", "42\n"), "42"},
+               {INFO(ProcessStatus_ProcessNumberOfEntries), no_pipes, kGetFailed, "FTGPNE.\n"},
+               {INFO(ProcessStatus_CPUUsage), prints(usage, "94\n"), "6"},
+               {INFO(ProcessStatus_CPUUsage), prints(usage, "idle\n"), "5"},
+               {INFO(ProcessStatus_CPUUsage), no_pipes, kGetFailed, "FTGCU.\n"}});
+  for (const parameter_handler live :
+       {INFO(UpTime), INFO(MemoryStatus_Used), INFO(ProcessStatus_ProcessNumberOfEntries)})
+    EXPECT_GT(std::stol(get(live).text), 0);  // on the running kernel
+  EXPECT_EQ(run(usage + " | grep -qx '[0-9.]*'"), 0) << "the line of this system's top is not understood";
 }
 
-TEST_F(DeviceInfo, CpuUsageIsWhatIsNotIdle) {
-  const char* const command = "top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'";
-  seams().answer(command, "94\n");
-  EXPECT_EQ(get(DeviceInfo_ProcessStatus_CPUUsage), answered("6"));
-  seams().answer(command, "idle\n");
-  EXPECT_EQ(get(DeviceInfo_ProcessStatus_CPUUsage), answered("5"));
-}
+// ---- Remote access ----
 
-TEST_F(DeviceInfo, AToolThatCannotBeStartedFailsTheGet) {
-  seams().popen_fails = true;
-  const std::pair<parameter_handler, const char*> getters[] = {
-      {DeviceInfo_UpTime, "FTGU.\n"},
-      {DeviceInfo_SoftwareVersion, "FTGDI.\n"},
-      {DeviceInfo_MemoryStatus_Total, "FTOMI.\n"},
-      {DeviceInfo_MemoryStatus_Free, "FTOMI.\n"},
-      {DeviceInfo_MemoryStatus_Used, "FTOMI.\n"},
-      {DeviceInfo_ProcessStatus_ProcessNumberOfEntries, "FTGPNE.\n"},
-      {DeviceInfo_ProcessStatus_CPUUsage, "FTGCU.\n"}};
-  for (const auto& [handler, message] : getters) {
-    seams().syslog.clear();
-    EXPECT_EQ(get(handler), kGetFailed);
-    EXPECT_EQ(messages(), std::vector<std::string>{message});
-  }
-}
-
-class RemoteAccess : public DeviceTest {};
+class RemoteAccess : public TableTest {};
 
 TEST_F(RemoteAccess, SwitchingMarksOneBitForOnAndAnotherForOff) {
-  EXPECT_EQ(set(UserInterface_RemoteAccess_Enable, "1"), accepted(APPLY_REMOTE_ACCESS));
-  EXPECT_EQ(config("filter.remoteweb.enabled"), "1");
-  EXPECT_EQ(get(UserInterface_RemoteAccess_Enable), answered("1"));
-  EXPECT_EQ(set(UserInterface_RemoteAccess_Enable, "yes"), kRefused);
-  EXPECT_EQ(set(UserInterface_RemoteAccess_Enable, "0"), accepted(APPLY_REMOTE_ACCESS_OFF));
-  EXPECT_EQ(config("filter.remoteweb.enabled"), std::nullopt);
-  EXPECT_EQ(get(UserInterface_RemoteAccess_Enable), answered("0"));
-  configure("filter.remoteweb.enabled", "0");
-  EXPECT_EQ(get(UserInterface_RemoteAccess_Enable), answered("0"));
-  for (const char* text : {"on", "off", "00"}) {
-    configure("filter.remoteweb.enabled", text);
-    EXPECT_EQ(get(UserInterface_RemoteAccess_Enable), answered("1"));
-  }
+  const std::string path = "filter.remoteweb.enabled";
+  const std::string port = "filter.remoteweb.https_port";
+  const Source no_store = no_file("/etc/config/filter");
+  for (const auto& [stored, text] : {std::pair{"", "0"}, {"0", "0"}, {"1", "1"}, {"off", "1"}, {"00", "1"}})
+    expect_gets({{REMOTE(Enable), option(path, stored), text}});
+  expect_sets({{REMOTE(Enable), "1", accepted(0x200), {stores(path, "1")}, option(path, "")},
+               {REMOTE(Enable), "0", accepted(0x400), {stores(path, "")}, option(path, "1")},
+               {REMOTE(Enable), "yes", kRefused},
+               {REMOTE(Enable), "1", kRefused, {}, no_store},
+               {REMOTE(Enable), "0", kRefused, {}, no_store},
+               {REMOTE(Port), "any", accepted(0x200), {stores(port, "any")}},
+               {REMOTE(Port), "443", kRefused, {}, no_store}});
+  expect_options({{REMOTE(Port), port, "443"}});
 }
 
-TEST_F(RemoteAccess, PortIsStoredAsGiven) {
-  configure("filter.remoteweb.https_port", "");
-  EXPECT_EQ(get(UserInterface_RemoteAccess_Port), answered("443"));
-  EXPECT_EQ(set(UserInterface_RemoteAccess_Port, "99999"), accepted(APPLY_REMOTE_ACCESS));
-  EXPECT_EQ(get(UserInterface_RemoteAccess_Port), answered("99999"));
-  run("rm /etc/config/filter");
-  EXPECT_EQ(set(UserInterface_RemoteAccess_Port, "443"), kRefused);
-  for (const char* value : {"0", "1"}) EXPECT_EQ(set(UserInterface_RemoteAccess_Enable, value), kRefused);
-}
+// ---- Users ----
 
-class Users : public DeviceTest {
+class Users : public TableTest {
  protected:
   void SetUp() override {
     DeviceTest::SetUp();
@@ -169,162 +106,129 @@ class Users : public DeviceTest {
 };
 
 TEST_F(Users, AreTheLoginsButForRoot) {
-  EXPECT_EQ(get(Users_UserNumberOfEntries), answered("2"));
-  EXPECT_EQ(set(Users_UserNumberOfEntries, "9"), accepted());
-  EXPECT_EQ(get(Users_User_Username, {1}), answered("admin"));
-  EXPECT_EQ(get(Users_User_Username, {2}), answered("guest"));
-  EXPECT_EQ(get(Users_User_Username, {3}), kGetFailed);
-  EXPECT_TRUE(messages().empty());
-  EXPECT_EQ(get(Users_User_Username, {0}), kGetFailed);
-  EXPECT_EQ(set(Users_User_Password, "password", {0}), kRefused);
-  EXPECT_EQ(messages(), std::vector<std::string>(2, "LE\n"));
-  EXPECT_EQ(get(Users_User_Password, {1}), answered(""));
-  run("rm /etc/config/rpcd");
-  EXPECT_EQ(get(Users_UserNumberOfEntries), kGetFailed);
-  EXPECT_TRUE(logged("[ERR]uci failed to load config:rpcd\n"));
+  const Source no_store = no_file("/etc/config/rpcd");
+  expect_gets({{Users_UserNumberOfEntries, as_is, "2"},
+               {Users_UserNumberOfEntries, no_store, kGetFailed, "[ERR]uci failed to load config:rpcd\n"},
+               {At{Users_User_Username, {1}}, as_is, "admin"},
+               {At{Users_User_Username, {2}}, as_is, "guest"},
+               {At{Users_User_Username, {3}}, as_is, kGetFailed},
+               {At{Users_User_Username, {0}}, as_is, kGetFailed, "LE\n"},
+               {At{Users_User_Username, {1}}, no_store, kGetFailed, "[ERR]uci failed to load config:rpcd\n"},
+               {At{Users_User_Password, {1}}, as_is, ""}});
+  expect_sets({{Users_UserNumberOfEntries, "9", accepted()}});
 }
 
 TEST_F(Users, PasswordsOfUsualLengthReachTheScriptUnquoted) {
-  const int done = 0;
-  seams().system_status = [&](const std::string&) { return &done; };
-  EXPECT_EQ(set(Users_User_Password, "seven77", {1}), kRefused);
-  EXPECT_EQ(set(Users_User_Password, std::string(65, 'p'), {1}), kRefused);
-  EXPECT_EQ(set(Users_User_Password, "for nobody", {3}), kRefused);
-  EXPECT_TRUE(commands().empty());
-  EXPECT_EQ(set(Users_User_Password, std::string(64, 'p'), {1}), accepted());
-  EXPECT_EQ(set(Users_User_Password, "two word", {2}), accepted());
-  const std::string longest(600, 'n');
-  configure("rpcd.g.username", longest);
-  EXPECT_EQ(set(Users_User_Password, "password", {2}), accepted());
-  EXPECT_EQ(commands(), (std::vector<std::string>{"/usr/bin/tr069/cwmp-user admin " + std::string(64, 'p'),
-                                                  "/usr/bin/tr069/cwmp-user guest two word",
-                                                  ("/usr/bin/tr069/cwmp-user " + longest).substr(0, 510)}));
-}
-
-TEST_F(Users, ThePasswordIsTheRoutersThen) {
+  const std::string script = "/usr/bin/tr069/cwmp-user ";
+  const std::string longest(64, 'p');
+  const std::string name(600, 'n');
+  const Source long_name = exits(0) && option("rpcd.g.username", name);
+  const At admin{Users_User_Password, {1}};
+  const At guest{Users_User_Password, {2}};
+  expect_sets({{admin, "eight888", accepted(), {runs(script + "admin eight888")}, exits(0)},
+               {admin, longest, accepted(), {runs(script + "admin " + longest)}, exits(256)},
+               {admin, "two words", accepted(), {runs(script + "admin two words")}, exits(0)},
+               {guest, "password", accepted(), {runs((script + name).substr(0, 510))}, long_name},
+               {admin, "seven77", kRefused},
+               {admin, longest + "p", kRefused},
+               {At{Users_User_Password, {3}}, "for nobody", kRefused},
+               {At{Users_User_Password, {0}}, "for nobody", kRefused, {logs("LE\n")}}});
   EXPECT_EQ(set(Users_User_Password, "new secret", {2}), accepted());
-  EXPECT_EQ(config("rpcd.g.password"), "new");  // the script's second word
+  EXPECT_EQ(config("rpcd.g.password"), "new");  // the router's own script takes its second word
 }
 
-class Leds : public DeviceTest {};
+// ---- LEDs ----
+
+class Leds : public TableTest {};
 
 TEST_F(Leds, AreSwitchedOnlyWhereTheBoardCan) {
-  configure("system.board.ledctl", "1");
-  EXPECT_EQ(set(LEDs_Enable, "0"), accepted(APPLY_LEDS));
-  EXPECT_EQ(commands().back(), "uci set system.@system[0].leds='0'");
-  EXPECT_EQ(get(LEDs_Enable), answered("0"));
-  run("uci set system.@system[0].leds=");
-  EXPECT_EQ(get(LEDs_Enable), answered("1"));
-
-  seams().commands.clear();
-  for (const char* other : {"0", "10"}) {
-    configure("system.board.ledctl", other);
-    EXPECT_EQ(set(LEDs_Enable, "1"), accepted(APPLY_LEDS));
-    EXPECT_EQ(get(LEDs_Enable), answered("0"));
-  }
-  configure("system.board.ledctl", "");
-  EXPECT_EQ(set(LEDs_Enable, "1"), accepted());
-  EXPECT_EQ(get(LEDs_Enable), answered("0"));
-  EXPECT_TRUE(commands().empty());
+  const std::string path = "system.board.ledctl";
+  const std::string read = "uci get system.@system[0].leds";
+  expect_gets({{LEDs_Enable, option(path, "1") && prints(read, "0\n"), "0"},
+               {LEDs_Enable, option(path, "1") && prints(read, ""), "1"},
+               {LEDs_Enable, option(path, "10"), "0"},
+               {LEDs_Enable, option(path, ""), "0"}});
+  const std::string written = "uci set system.@system[0].leds='0'";
+  expect_sets({{LEDs_Enable, "0", accepted(APPLY_LEDS), {runs(written)}, option(path, "1") && prints(written, "")},
+               {LEDs_Enable, "0", accepted(APPLY_LEDS), {}, option(path, "10")},
+               {LEDs_Enable, "0", accepted(), {}, option(path, "")}});
 }
 
 TEST_F(Leds, AreTheKernelsInOrder) {
-  if (!has_leds()) GTEST_SKIP() << "the router runs in place, without LEDs";
-  const int count = std::stoi(get(LEDs_LEDNumberOfEntries).text);
-  EXPECT_GT(count, 0);
-  EXPECT_NE(get(LEDs_LED_Name, {1}), answered("led"));
-  EXPECT_EQ(get(LEDs_LED_Name, {count + 1}), answered("led"));
-  EXPECT_EQ(get(LEDs_LED_Status, {count + 1}), answered("Error"));
-  EXPECT_EQ(get(LEDs_LED_Name, {0}), kGetFailed);
-
-  seams().answer("ls /sys/class/leds/ | sed -n 1p", "power\n");
-  const std::string brightness = "cat /sys/class/leds/power/brightness";
-  seams().answer(brightness, "0\n");
-  EXPECT_EQ(get(LEDs_LED_Status, {1}), answered("Disabled"));
-  seams().answer(brightness, "255\n");
-  EXPECT_EQ(get(LEDs_LED_Status, {1}), answered("InUse"));
-  seams().answer(brightness, "");
-  EXPECT_EQ(get(LEDs_LED_Status, {1}), answered("Error"));
-  seams().answer("ls /sys/class/leds/ | wc -l", "");
-  EXPECT_EQ(get(LEDs_LEDNumberOfEntries), answered("2"));
+  const Source third = prints("ls /sys/class/leds/ | sed -n 3p", "power\n");
+  const Source none = prints("ls /sys/class/leds/ | sed -n 3p", "");
+  const auto bright = [&](const char* level) { return third && prints("cat /sys/class/leds/power/brightness", level); };
+  const At name{LEDs_LED_Name, {3}};
+  const At status{LEDs_LED_Status, {3}};
+  expect_gets({{LEDs_LEDNumberOfEntries, prints("ls /sys/class/leds/ | wc -l", "7\n"), "7"},
+               {LEDs_LEDNumberOfEntries, prints("ls /sys/class/leds/ | wc -l", ""), "2"},
+               {name, third, "power"},
+               {name, none, "led"},
+               {At{LEDs_LED_Name, {0}}, as_is, kGetFailed, "LE\n"},
+               {status, bright("0\n"), "Disabled"},
+               {status, bright("255\n"), "InUse"},
+               {status, bright(""), "Error"},
+               {status, none, "Error"},
+               {At{LEDs_LED_Status, {0}}, as_is, kGetFailed, "LE\n"}});
+  EXPECT_TRUE(!has_leds() || get(LEDs_LED_Name) != answered("led"));
 }
 
-class Time : public DeviceTest {};
+// ---- Time ----
+
+const std::string kNtp = "/usr/bin/tr069/cwmp-ntp ";
+
+class Time : public TableTest {};
 
 TEST_F(Time, NtpServersAreThePositionsOfTheList) {
-  write_file("/etc/config/system",
-             "config timeserver 'ntp'\n\toption enabled '1'\n\tlist server 'a'\n\tlist server 'b'\n");
-  EXPECT_EQ(get(Time_Enable), answered("1"));
-  EXPECT_EQ(get(Time_NTPServer1), answered("a"));
-  EXPECT_EQ(get(Time_NTPServer2), answered("b"));
-  EXPECT_EQ(get(Time_NTPServer3), answered(""));
-  EXPECT_EQ(get(Time_NTPServer4), answered(""));
-  write_file("/etc/config/system",
-             "config timeserver 'ntp'\n\toption server 'plain'\nconfig timeserver\n\tlist server 'c'\n"
-             "config timeserver\n\tlist server 'd'\n\tlist server 'e'\n");
-  EXPECT_EQ(get(Time_NTPServer1), answered("c"));
-  EXPECT_EQ(get(Time_NTPServer2), answered("e"));
-  write_file("/etc/config/system", "config timeserver 'ntp'\n");
-  EXPECT_EQ(get(Time_Enable), answered("0"));
-  EXPECT_EQ(get(Time_NTPServer1), answered(""));
-  EXPECT_TRUE(logged("[ERR]uci failed to get server option\n"));
-  run("rm /etc/config/system");
-  EXPECT_EQ(get(Time_NTPServer1), answered(""));
-  EXPECT_TRUE(logged("[ERR]uci failed to load config:system\n"));
+  const std::string list = "config timeserver 'ntp'\n\toption enabled '1'\n\tlist server 'a'\n\tlist server 'b'\n";
+  const std::string third =
+      "config timeserver\n\tlist server '1'\n\tlist server '2'\n\tlist server 'c'\n\tlist server 'd'\n";
+  const std::string plain = "config timeserver\n\toption server 'plain'\n";
+  expect_gets(
+      {{Time_Enable, package("system", list), "1"},
+       {Time_Enable, package("system", plain), "0"},
+       {Time_NTPServer1, package("system", list + third), "a"},
+       {Time_NTPServer2, package("system", list + third), "b"},
+       {Time_NTPServer3, package("system", list + third), "c"},
+       {Time_NTPServer4, package("system", list + third), "d"},
+       {Time_NTPServer3, package("system", list), ""},
+       {Time_NTPServer2, package("system", plain + list), "b"},
+       {Time_NTPServer1, package("system", "config timeserver\n" + list), "", "[ERR]uci failed to get server option\n"},
+       {Time_NTPServer1, no_file("/etc/config/system"), "", "[ERR]uci failed to load config:system\n"}});
 }
 
 TEST_F(Time, ChangesAreTheScriptsWork) {
-  int failed = 256;
-  seams().system_status = [&](const std::string&) { return &failed; };
-  const std::pair<parameter_handler, std::string> setters[] = {{Time_NTPServer1, "ntpserver 1"},
-                                                               {Time_NTPServer2, "ntpserver 2"},
-                                                               {Time_NTPServer3, "ntpserver 3"},
-                                                               {Time_NTPServer4, "ntpserver 4"},
-                                                               {Time_Enable, "enable"}};
-  for (const auto& [handler, command] : setters) {
-    EXPECT_EQ(set(handler, "x.example"), accepted());
-    EXPECT_EQ(commands().back(), "/usr/bin/tr069/cwmp-ntp " + command + " x.example");
-  }
-  EXPECT_EQ(set(Time_NTPServer4, ""), accepted());
-  EXPECT_EQ(commands().back(), "/usr/bin/tr069/cwmp-ntp ntpserver 4");
-  for (const int status : {256, -1}) {
-    failed = status;
-    EXPECT_EQ(set(Time_LocalTimeZone, "CET-1"), kRefused);
-    EXPECT_EQ(commands().back(), "/usr/bin/tr069/cwmp-ntp timezoneinfo set CET-1");
-  }
-  EXPECT_EQ(set(Time_CurrentLocalTime, "now"), accepted());
-  EXPECT_EQ(set(Time_TimeZoneList, "x"), accepted());
+  for (const auto& [handler, command] : {std::pair{&Time_NTPServer1, "ntpserver 1"},
+                                         {Time_NTPServer2, "ntpserver 2"},
+                                         {Time_NTPServer3, "ntpserver 3"},
+                                         {Time_NTPServer4, "ntpserver 4"},
+                                         {Time_Enable, "enable"}})
+    expect_sets({{handler, "x.example", accepted(), {runs(kNtp + command + " x.example")}, exits(256)}});
+  const std::string zone = runs(kNtp + "timezoneinfo set CET-1");
+  expect_sets({{Time_NTPServer4, "", accepted(), {runs(kNtp + "ntpserver 4")}, exits(0)},
+               {Time_LocalTimeZone, "CET-1", accepted(), {zone}, exits(0)},
+               {Time_LocalTimeZone, "CET-1", kRefused, {zone}, exits(256)},
+               {Time_LocalTimeZone, "CET-1", kRefused, {zone}, exits(-1)},
+               {Time_CurrentLocalTime, "now", accepted()},
+               {Time_TimeZoneList, "x", accepted()}});
 }
 
-TEST_F(Time, ZoneAndListAreReadFromWhatTheScriptWrites) {
-  const int done = 0;
-  seams().system_status = [&](const std::string&) { return &done; };
-  write_file("/tmp/tr069/curtimezone", "CET-1CEST\nmore\n");
+TEST_F(Time, ClockZoneAndZonesAreWhatToolsAndScriptSay) {
   const std::string longest(254, 'z');
-  write_file("/tmp/tr069/timezonelist", "UTC\n" + longest + "\nCET-1CEST\n");
-  EXPECT_EQ(get(Time_LocalTimeZone), answered("CET-1CEST"));
-  EXPECT_EQ(get(Time_TimeZoneList), answered("UTC, " + longest + ", CET-1CEST, "));
-  EXPECT_EQ(commands(),
-            (std::vector<std::string>{"/usr/bin/tr069/cwmp-ntp timezoneinfo get", "cat /tmp/tr069/curtimezone",
-                                      "/usr/bin/tr069/cwmp-ntp timezonelist"}));
-  EXPECT_EQ(set(Time_LocalTimeZone, "UTC"), accepted());
-  run("rm /tmp/tr069/timezonelist");
-  EXPECT_EQ(get(Time_TimeZoneList), kGetFailed);
-  EXPECT_TRUE(logged("read timezonelist error.\n"));
+  const Source zones = file("/tmp/tr069/timezonelist", "UTC\n" + longest + "\nCET-1CEST\n");
+  exits(0).put();
+  expect_gets({{Time_CurrentLocalTime, prints("date '+%F %X'", "2026-01-02 03:04:05\n"), "2026-01-02 03:04:05"},
+               {Time_LocalTimeZone, prints("cat /tmp/tr069/curtimezone", "CET-1CEST\nmore\n"), "CET-1CEST"},
+               {Time_TimeZoneList, zones && asks(kNtp + "timezonelist"), "UTC, " + longest + ", CET-1CEST, "},
+               {Time_LocalTimeZone, asks(kNtp + "timezoneinfo get"), ""},
+               {Time_TimeZoneList, as_is, kGetFailed, "read timezonelist error.\n"}});
 }
 
 TEST_F(Time, TheRoutersOwnScriptsAnswer) {
   EXPECT_EQ(set(Time_NTPServer1, "ntp.example"), accepted());
   EXPECT_EQ(get(Time_NTPServer1), answered("ntp.example"));
-  EXPECT_EQ(set(Time_NTPServer4, "fourth.example"), accepted());  // behind the end of the list: its third
-  EXPECT_EQ(get(Time_NTPServer3), answered("fourth.example"));
-  EXPECT_EQ(set(Time_NTPServer1, ""), accepted());
-  EXPECT_EQ(get(Time_NTPServer2), answered("fourth.example"));
-
   const auto hour = [] { return get(Time_CurrentLocalTime).text.substr(11, 2); };
-  EXPECT_EQ(set(Time_LocalTimeZone, "GMT0"), accepted());
   const std::string here = hour();
-  EXPECT_EQ(commands().back(), "date '+%F %X'");
   EXPECT_EQ(set(Time_LocalTimeZone, "CST-8"), accepted());
   EXPECT_EQ(get(Time_LocalTimeZone), answered("CST-8"));
   EXPECT_NE(hour(), here);
