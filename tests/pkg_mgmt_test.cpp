@@ -1,71 +1,66 @@
 // ManagementServer.
 #include "pkg-mgmt/pkg-mgmt.h"
-#include "support/device.hpp"
+#include "support/tables.hpp"
+
+#define SERVER(parameter) ManagementServer_##parameter
 
 namespace kova::test {
 namespace {
 
-class ManagementServer : public DeviceTest {};
+const Source no_store = no_file("/etc/config/cwmp");
 
-struct Setting {
-  parameter_handler handler;
-  const char* option;
-  const char* message;  // logged before the write, with the value; nullptr for none
-};
-
-std::string with_value(std::string message, const std::string& value) {
-  return message.replace(message.find("%s"), 2, value);
-}
-
-const Setting kStoredSettings[] = {
-    {ManagementServer_URL, "url", "CWMP_URL:%s\n\n"},
-    {ManagementServer_Username, "username", "CWMP_UN:%s\n\n"},
-    {ManagementServer_Password, "password", "CWMP_PW:%s\n\n"},
-    {ManagementServer_ConnectionRequestUsername, "conn_username", "CWMP_CR_UN: %s\n\n"},
-    {ManagementServer_ConnectionRequestPassword, "conn_password", "CWMP_CR_PW:%s\n\n"},
-    {ManagementServer_PeriodicInformInterval, "inform_interval", "CWMP_PIFI:%s\n\n"},
-};
-
-const Setting kAgentSettings[] = {
-    {ManagementServer_STUNEnable, "stun_enable", nullptr},
-    {ManagementServer_STUNServerAddress, "stun_server_addr", nullptr},
-    {ManagementServer_STUNServerPort, "stun_server_port", nullptr},
-    {ManagementServer_STUNUsername, "stun_username", nullptr},
-    {ManagementServer_STUNPassword, "stun_password", nullptr},
-    {ManagementServer_STUNMinimumKeepAlivePeriod, "stun_min_keepalive", "MGMSSTMKAP:%s\n\n"},
-    {ManagementServer_STUNMaximumKeepAlivePeriod, "stun_max_keepalive", "MGMSSTMKAP:%s\n\n"},
-};
-
-void expect_writes(const Setting& setting, const std::string& value) {
-  SCOPED_TRACE(setting.option);
-  seams().syslog.clear();
-  EXPECT_EQ(set(setting.handler, value), accepted(APPLY_MANAGEMENT));
-  EXPECT_EQ(stored("/etc/config", "cwmp", "info", setting.option), value);
-  EXPECT_EQ(stored("/tmp/cwmp-config", "cwmp", "info", setting.option), value);
-  const std::string first = seams().syslog.at(0).substr(seams().syslog[0].find(": ") + 2);
-  EXPECT_EQ(first, setting.message != nullptr ? with_value(setting.message, value) : "SUCF.\n\n");
-  EXPECT_EQ(seams().syslog[0].starts_with("pkg-mgmt.c, "), setting.message != nullptr);
-}
-
-TEST_F(ManagementServer, SettingsAreWrittenAsGivenAndReadBack) {
-  for (const Setting& setting : kStoredSettings) {
-    const std::string value = std::string("new ") + setting.option;
-    expect_writes(setting, value);
-    EXPECT_EQ(get(setting.handler), answered(value));
-    configure(std::string("cwmp.info.") + setting.option, "");
-    EXPECT_EQ(get(setting.handler), answered(""));
+class ManagementServer : public TableTest {
+ protected:
+  void SetUp() override {
+    DeviceTest::SetUp();
+    write_file("/etc/config/cwmp", "config info 'info'\n");
   }
+
+  // What is logged before a change stands in `log`, with "%s" for the value; empty for nothing.
+  static Effects message(std::string log, const std::string& value) {
+    return log.empty() ? Effects{} : Effects{logs(log.replace(log.find("%s"), 2, value))};
+  }
+
+  // The server is told of a change even when the store refused it.
+  static void expect_stored(parameter_handler handler, const std::string& value, uint32_t mask, const std::string& path,
+                            const std::string& stored, const std::string& log) {
+    Effects effects = message(log, value);
+    expect_sets({{handler, value, accepted(mask), effects, no_store}});
+    effects.insert(effects.begin(), stores(path, stored));
+    expect_sets({{handler, value, accepted(mask), effects}});
+  }
+};
+
+TEST_F(ManagementServer, SettingsAreWrittenAsGiven) {
+  const std::tuple<parameter_handler, const char*, const char*> settings[] = {
+      {SERVER(URL), "url", "CWMP_URL:%s\n\n"},
+      {SERVER(Username), "username", "CWMP_UN:%s\n\n"},
+      {SERVER(Password), "password", "CWMP_PW:%s\n\n"},
+      {SERVER(ConnectionRequestUsername), "conn_username", "CWMP_CR_UN: %s\n\n"},
+      {SERVER(ConnectionRequestPassword), "conn_password", "CWMP_CR_PW:%s\n\n"},
+      {SERVER(PeriodicInformInterval), "inform_interval", "CWMP_PIFI:%s\n\n"},
+      {SERVER(STUNEnable), "stun_enable", ""},
+      {SERVER(STUNServerAddress), "stun_server_addr", ""},
+      {SERVER(STUNServerPort), "stun_server_port", ""},
+      {SERVER(STUNUsername), "stun_username", ""},
+      {SERVER(STUNPassword), "stun_password", ""},
+      {SERVER(STUNMinimumKeepAlivePeriod), "stun_min_keepalive", "MGMSSTMKAP:%s\n\n"},
+      {SERVER(STUNMaximumKeepAlivePeriod), "stun_max_keepalive", "MGMSSTMKAP:%s\n\n"},
+  };
+  for (const auto& [handler, name, log] : settings) {
+    const std::string path = std::string("cwmp.info.") + name;
+    expect_stored(handler, "it's new", APPLY_MANAGEMENT, path, "it's new", log);
+    if (!path.starts_with("cwmp.info.stun_")) expect_options({{handler, path, ""}});
+  }
+  expect_options({{SERVER(ParameterKey), "cwmp.info.parameterKey", ""}});
+  expect_gets({{SERVER(KickURL), as_is, ""}});
+  expect_sets({{SERVER(KickURL), "http://kick.example", accepted()}});
+
+  set(SERVER(URL), "logged first");
+  EXPECT_TRUE(seams().syslog[0].starts_with("pkg-mgmt.c, "));
 }
 
-TEST_F(ManagementServer, AgentSettingsAreWrittenButReadFromTheRunningAgent) {
-  for (const Setting& setting : kAgentSettings) expect_writes(setting, "7");
-  agent_state agent = running_agent();
-  EXPECT_EQ(get(ManagementServer_STUNEnable, agent), answered("0"));
-  EXPECT_EQ(get(ManagementServer_STUNServerPort, agent), answered("0"));
-  EXPECT_EQ(get(ManagementServer_STUNUsername, agent), answered(""));
-}
-
-TEST_F(ManagementServer, AnswersFromTheRunningAgent) {
+TEST_F(ManagementServer, TheRunningAgentAnswers) {
   agent_state agent = running_agent();
   agent.connection_request_port = 65535;
   agent.stun_enabled = 1;
@@ -77,78 +72,35 @@ TEST_F(ManagementServer, AnswersFromTheRunningAgent) {
   std::string(64, 'p').copy(agent.stun_password, 64);  // fills its field, without a terminator
   std::string("198.51.100.7:49152").copy(agent.udp_connection_request_address, 63);
   std::string("stun.example").copy(agent.stun_server_address, 63);
-
-  EXPECT_EQ(get(ManagementServer_ConnectionRequestURL, agent), answered("http://192.0.2.10:65535/kova"));
-  EXPECT_EQ(get(ManagementServer_UDPConnectionRequestAddress, agent), answered("198.51.100.7:49152"));
-  EXPECT_EQ(get(ManagementServer_NATDetected, agent), answered("1"));
-  EXPECT_EQ(get(ManagementServer_STUNEnable, agent), answered("1"));
-  EXPECT_EQ(get(ManagementServer_STUNServerAddress, agent), answered("stun.example"));
-  EXPECT_EQ(get(ManagementServer_STUNServerPort, agent), answered("3478"));
-  EXPECT_EQ(get(ManagementServer_STUNUsername, agent), answered("stun user"));
-  EXPECT_EQ(get(ManagementServer_STUNPassword, agent), answered(std::string(64, 'p')));
-  EXPECT_EQ(get(ManagementServer_STUNMinimumKeepAlivePeriod, agent), answered("30"));
-  EXPECT_EQ(get(ManagementServer_STUNMaximumKeepAlivePeriod, agent), answered("40000"));
+  for (const auto& [handler, text] : {std::pair{&SERVER(ConnectionRequestURL), "http://192.0.2.10:65535/kova"},
+                                      {SERVER(UDPConnectionRequestAddress), "198.51.100.7:49152"},
+                                      {SERVER(NATDetected), "1"},
+                                      {SERVER(STUNEnable), "1"},
+                                      {SERVER(STUNServerAddress), "stun.example"},
+                                      {SERVER(STUNServerPort), "3478"},
+                                      {SERVER(STUNUsername), "stun user"},
+                                      {SERVER(STUNMinimumKeepAlivePeriod), "30"},
+                                      {SERVER(STUNMaximumKeepAlivePeriod), "40000"}})
+    EXPECT_EQ(get(handler, agent), answered(text));
+  EXPECT_EQ(get(SERVER(STUNPassword), agent), answered(std::string(64, 'p')));
   agent.nat_detected = 2;
-  EXPECT_EQ(get(ManagementServer_NATDetected, agent), answered("0"));
+  EXPECT_EQ(get(SERVER(NATDetected), agent), answered("0"));
 }
 
 TEST_F(ManagementServer, SwitchesTakeOneAndZeroOnly) {
-  const struct {
-    parameter_handler handler;
-    const char* option;
-    const char* unreadable;
-  } switches[] = {{ManagementServer_PeriodicInformEnable, "inform_enable", "FTGIE.\n\n"},
-                  {ManagementServer_EnableCWMP, "enable", "FTGACSE.\n\n"}};
-  for (const auto& [handler, option, unreadable] : switches) {
-    SCOPED_TRACE(option);
-    const std::string path = std::string("cwmp.info.") + option;
-    EXPECT_EQ(set(handler, "0"), accepted(APPLY_MANAGEMENT));
-    EXPECT_EQ(config(path), "off");
-    EXPECT_EQ(get(handler), answered("0"));
-    for (const char* refused : {"true", "", "01", "on"}) EXPECT_EQ(set(handler, refused), kRefused);
-    EXPECT_EQ(config(path), "off");
-    EXPECT_EQ(set(handler, "1"), accepted(APPLY_MANAGEMENT));
-    EXPECT_EQ(config(path), "on");
-    EXPECT_EQ(get(handler), answered("1"));
-    configure(path, "ON");
-    EXPECT_EQ(get(handler), answered("0"));
-    configure(path, "");
-    EXPECT_EQ(get(handler), kGetFailed);
-    EXPECT_TRUE(logged(unreadable));
+  for (const auto& [handler, name, mask, log] :
+       {std::tuple{&SERVER(EnableCWMP), "enable", APPLY_MANAGEMENT, "ECWMP:%s\n\n"},
+        {SERVER(PeriodicInformEnable), "inform_enable", APPLY_MANAGEMENT, ""},
+        {SERVER(EnableResetFactory), "reset_factory", apply_mask{}, "ECRF.%s\n\n"}}) {
+    const std::string path = std::string("cwmp.info.") + name;
+    expect_stored(handler, "1", mask, path, "on", log);
+    expect_stored(handler, "0", mask, path, "off", log);
+    for (const char* value : {"true", "", "01", "on"}) expect_sets({{handler, value, kRefused, message(log, value)}});
+    expect_gets({{handler, option(path, "on"), "1"}, {handler, option(path, "ON"), "0"}});
   }
-  EXPECT_TRUE(logged("ECWMP:true\n\n"));
-}
-
-TEST_F(ManagementServer, FactoryResetIsAllowedUnlessSwitchedOff) {
-  configure("cwmp.info.reset_factory", "");
-  EXPECT_EQ(get(ManagementServer_EnableResetFactory), answered("1"));
-  EXPECT_EQ(set(ManagementServer_EnableResetFactory, "0"), accepted());
-  EXPECT_EQ(config("cwmp.info.reset_factory"), "off");
-  EXPECT_EQ(get(ManagementServer_EnableResetFactory), answered("0"));
-  configure("cwmp.info.reset_factory", "maybe");
-  EXPECT_EQ(get(ManagementServer_EnableResetFactory), answered("0"));
-  EXPECT_EQ(set(ManagementServer_EnableResetFactory, "maybe"), kRefused);
-  EXPECT_TRUE(logged("ECRF.maybe\n\n"));
-  EXPECT_EQ(set(ManagementServer_EnableResetFactory, "1"), accepted());
-  EXPECT_EQ(get(ManagementServer_EnableResetFactory), answered("1"));
-}
-
-TEST_F(ManagementServer, TheServerIsToldOfAChangeEvenWhenTheStoreRefusedIt) {
-  run("rm /etc/config/cwmp");
-  for (const Setting& setting : kStoredSettings) EXPECT_EQ(set(setting.handler, "lost"), accepted(APPLY_MANAGEMENT));
-  for (const Setting& setting : kAgentSettings) EXPECT_EQ(set(setting.handler, "1"), accepted(APPLY_MANAGEMENT));
-  EXPECT_EQ(set(ManagementServer_PeriodicInformEnable, "1"), accepted(APPLY_MANAGEMENT));
-  EXPECT_EQ(set(ManagementServer_EnableCWMP, "1"), accepted(APPLY_MANAGEMENT));
-  EXPECT_EQ(set(ManagementServer_EnableResetFactory, "1"), accepted());
-  EXPECT_EQ(messages().back(), "FTSUC.\n\n");
-}
-
-TEST_F(ManagementServer, KickUrlAndParameterKey) {
-  EXPECT_EQ(set(ManagementServer_KickURL, "http://kick.example"), accepted());
-  EXPECT_EQ(get(ManagementServer_KickURL), answered(""));
-  configure("cwmp.info.parameterKey", "key 1");
-  EXPECT_EQ(get(ManagementServer_ParameterKey), answered("key 1"));
-  EXPECT_EQ(set(ManagementServer_ParameterKey, "key 2"), kRefused);
+  expect_gets({{SERVER(EnableCWMP), as_is, kGetFailed, "FTGACSE.\n\n"},
+               {SERVER(PeriodicInformEnable), as_is, kGetFailed, "FTGIE.\n\n"},
+               {SERVER(EnableResetFactory), as_is, "1"}});
 }
 
 }  // namespace
