@@ -1,188 +1,98 @@
 // Port mappings: the firewall's redirect sections, in all their places.
 #include "pkg-wan/pkg-wan.h"
-#include "support/device.hpp"
+#include "support/tables.hpp"
 
-#define IP(parameter) WANDevice_WANConnectionDevice_WANIPConnection_##parameter
-#define PPP(parameter) WANDevice_WANConnectionDevice_WANPPPConnection_##parameter
+#define IP(parameter) WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_##parameter
+#define NAT(parameter) NAT_PortMapping_##parameter
 
 namespace kova::test {
 namespace {
 
-class PortMapping : public DeviceTest {
+const Source no_firewall = no_file("/etc/config/firewall");
+const std::string kReload = records_once("/usr/bin/tr069/cwmp-nat &");
+
+struct Field {
+  parameter_handler nat;
+  parameter_handler wan;
+  std::string option;
+  const char* stored;   // of the mapping "game"
+  const char* value;    // to set
+  std::string written;  // as in the command
+
+  // Where the mapping with this number is found.
+  std::vector<At> places(int32_t number) const { return {{nat, {number, 9, 9, 9}}, {wan, {9, 9, 9, number}}}; }
+};
+
+const Field kFields[] = {
+    {NAT(ExternalPort), IP(ExternalPort), "src_dport", "27015", "65534", "'65534'"},
+    {NAT(InternalPort), IP(InternalPort), "dest_port", "27016", "1", "'1'"},
+    {NAT(Protocol), IP(PortMappingProtocol), "proto", "udp", "TCP UDP", "'tcp udp'"},
+    {NAT(InternalClient), IP(InternalClient), "dest_ip", "192.168.1.30", "10.0.0.9", "10.0.0.9"},
+    {NAT(Description), IP(PortMappingDescription), "name", "game", "new", "new"},
+};
+
+class PortMapping : public TableTest {
  protected:
   void SetUp() override {
     DeviceTest::SetUp();
     write_file("/etc/config/firewall",
-               "config rule\n\toption src_dport '1'\n"
-               "config redirect 'web'\n\toption name 'web'\n\toption proto 'tcp'\n\toption src_dport '8080'\n"
-               "\toption dest_ip '192.168.1.10'\n\toption dest_port '80'\n"
-               "config rule\n\toption src_dport '2'\n"
-               "config redirect\n\toption name 'game'\n\toption proto 'udp'\n\toption src_dport '27015'\n"
-               "\toption dest_ip '192.168.1.30'\n\toption dest_port '27016'\n"
-               "config forwarding\n"
-               "config redirect\n");
+               "config rule\n\toption src_dport '1'\nconfig redirect\nconfig rule\n\toption src_dport '2'\n"
+               "config redirect 'game'\n\toption name 'game'\n\toption proto 'udp'\n\toption src_dport '27015'\n"
+               "\toption dest_ip '192.168.1.30'\n\toption dest_port '27016'\nconfig forwarding\n");
   }
-};
 
-const char kReload[] = "/usr/bin/tr069/cwmp-nat &\n";
-
-// Where a mapping with this number is found.
-Instances below_wan(int32_t number) { return {1, 1, 1, number}; }
-
-struct Field {
-  parameter_handler nat;
-  std::vector<parameter_handler> wan;
-  const char* option;
-  const char* second;   // of the mapping 2
-  const char* value;    // to set, as written
-  const char* written;  // in the command
-};
-
-const Field kFields[] = {
-    {NAT_PortMapping_ExternalPort,
-     {IP(PortMapping_ExternalPort), PPP(PortMapping_ExternalPort)},
-     "src_dport",
-     "27015",
-     "65534",
-     "src_dport='65534'"},
-    {NAT_PortMapping_InternalPort,
-     {IP(PortMapping_InternalPort), PPP(PortMapping_InternalPort)},
-     "dest_port",
-     "27016",
-     "1",
-     "dest_port='1'"},
-    {NAT_PortMapping_Protocol,
-     {IP(PortMapping_PortMappingProtocol), PPP(PortMapping_PortMappingProtocol)},
-     "proto",
-     "udp",
-     "tcp udp",
-     "proto='tcp udp'"},
-    {NAT_PortMapping_InternalClient,
-     {IP(PortMapping_InternalClient), PPP(PortMapping_InternalClient)},
-     "dest_ip",
-     "192.168.1.30",
-     "10.0.0.9",
-     "dest_ip=10.0.0.9"},
-    {NAT_PortMapping_Description, {IP(PortMapping_PortMappingDescription)}, "name", "game", "new", "name=new"},
+  // Accepted, with the command run that has the value so.
+  static void expect_written(parameter_handler handler, const std::string& value, const std::string& written) {
+    const std::string command = runs("uci set firewall.game." + written + " && uci commit");
+    expect_sets({{At{handler, {2}}, value, accepted(APPLY_TASK_COMMANDS), {kReload, command}, exits(0)}});
+  }
 };
 
 TEST_F(PortMapping, AreTheRedirectSections) {
-  for (const parameter_handler handler :
-       {IP(PortMappingNumberOfEntries), PPP(PortMappingNumberOfEntries), NAT_PortMappingNumberOfEntries}) {
-    EXPECT_EQ(get(handler), answered("3"));
-    EXPECT_EQ(set(handler, "4"), kRefused);
-  }
+  expect_gets({{NAT_PortMappingNumberOfEntries, as_is, "2"},
+               {NAT_PortMappingNumberOfEntries, no_firewall, kGetFailed, "[ERR]uci failed to load config:firwall\n"}});
   for (const Field& field : kFields) {
-    EXPECT_EQ(get(field.nat, {2}), answered(field.second));
-    EXPECT_EQ(get(field.nat, {3}), answered(""));
-    for (const int32_t nowhere : {4, 0, -1}) EXPECT_EQ(get(field.nat, {nowhere}), kGetFailed);
-    for (const parameter_handler handler : field.wan) {
-      EXPECT_EQ(get(handler, below_wan(2)), answered(field.second));
-      EXPECT_EQ(get(handler, below_wan(3)), answered(""));
-    }
+    for (const At& at : field.places(1)) expect_gets({{at, as_is, ""}});
+    for (const At& at : field.places(2))
+      expect_gets(
+          {{at, as_is, field.stored}, {at, no_firewall, kGetFailed, "[ERR]uci failed to load config:firewall\n"}});
+    for (const int32_t nowhere : {3, 0, -1}) expect_gets({{At{field.nat, {nowhere}}, as_is, kGetFailed}});
   }
-  EXPECT_TRUE(messages().empty());
 }
 
-TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedOnce) {
-  const auto expect_change = [](parameter_handler handler, const Field& field, const Instances& first,
-                                const Instances& second) {
-    SCOPED_TRACE(field.option);
-    ASSERT_EQ(run("/sbin/lab-reset"), 0);
-    write_file("/etc/config/firewall", "config redirect 'web'\nconfig rule\nconfig redirect\n");
-    EXPECT_EQ(set(handler, field.value, first), accepted(APPLY_TASK_COMMANDS));
-    EXPECT_EQ(commands().back(), std::string("uci set firewall.web.") + field.written + " && uci commit");
-    EXPECT_EQ(set(handler, field.value, second), accepted(APPLY_TASK_COMMANDS));
-    EXPECT_EQ(get(handler, second), answered(field.value));
-    for (const char* section : {"firewall.web.", "firewall.@redirect[1]."})
-      EXPECT_EQ(config(std::string(section) + field.option), field.value);
-    EXPECT_EQ(config(std::string("firewall.@rule[0].") + field.option), std::nullopt);
-    EXPECT_EQ(task_record_once(), kReload);
-    EXPECT_EQ(task_record(), "");
-  };
+TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedLater) {
   for (const Field& field : kFields) {
-    expect_change(field.nat, field, {1}, {2});
-    for (const parameter_handler handler : field.wan) expect_change(handler, field, below_wan(1), below_wan(2));
+    const std::string command = runs("uci set firewall.game." + field.option + "=" + field.written + " && uci commit");
+    const std::string value = field.option == "proto" ? "tcp udp" : field.value;
+    const std::string change = changes("firewall.game." + field.option, value);
+    for (const At& at : field.places(2))
+      expect_sets({{at, field.value, accepted(APPLY_TASK_COMMANDS), {change, kReload, command}},
+                   {at, field.value, kRefused, {change, command, logs("SPME.\n")}, no_file("/tmp/tr069")},
+                   {at, field.value, kRefused, {logs("[ERR]uci failed to load config:firewall\n")}, no_firewall}});
+    for (const int32_t nowhere : {3, 0, -1})  // nothing to write, yet the firewall is reloaded
+      expect_sets({{At{field.nat, {nowhere}}, field.value, accepted(APPLY_TASK_COMMANDS), {kReload}}});
   }
+  EXPECT_EQ(set(NAT(ExternalPort), "8080", {1}), accepted(APPLY_TASK_COMMANDS));
+  EXPECT_EQ(config("firewall.@redirect[0].src_dport"), "8080");
+}
+
+TEST_F(PortMapping, ValuesAreWrittenAsTheyAreOrInTheListsSpelling) {
+  expect_written(NAT(ExternalPort), "80 and more", "src_dport='80 and more'");
+  expect_written(NAT(Protocol), "TCP", "proto='tcp'");
+  expect_written(NAT(Protocol), "Udp", "proto='udp'");
+  expect_written(NAT(Protocol), "Other", "proto='other'");
+  expect_written(NAT(Description), "two words", "name=two words");  // which the shell splits
 }
 
 TEST_F(PortMapping, ValuesAreCheckedBeforeAnythingElse) {
-  run("rm /etc/config/firewall");
-  const struct {
-    parameter_handler handler;
-    const char* value;
-    const char* message;  // nullptr for none
-  } refused[] = {{NAT_PortMapping_ExternalPort, "0", nullptr},
-                 {NAT_PortMapping_ExternalPort, "65535", nullptr},
-                 {NAT_PortMapping_ExternalPort, "", nullptr},
-                 {NAT_PortMapping_ExternalPort, "4294967376", nullptr},
-                 {NAT_PortMapping_InternalPort, "65535", nullptr},
-                 {NAT_PortMapping_InternalPort, "http", nullptr},
-                 {NAT_PortMapping_Protocol, "tcpudp", nullptr},
-                 {NAT_PortMapping_Protocol, "", nullptr},
-                 {NAT_PortMapping_InternalClient, "host", "mal format ip\n"},
-                 {NAT_PortMapping_InternalClient, "10.0.0.9 ", "mal format ip\n"}};
-  for (const auto& [handler, value, message] : refused) {
-    seams().syslog.clear();
-    EXPECT_EQ(set(handler, value, {1}), kRefused) << value;
-    EXPECT_EQ(messages(), message != nullptr ? std::vector<std::string>{message} : std::vector<std::string>{});
-  }
-  EXPECT_TRUE(commands().empty());
-  EXPECT_EQ(task_record_once(), "");
-}
-
-TEST_F(PortMapping, ValuesReachTheStoreAsTheyAreOrInTheListsSpelling) {
-  EXPECT_EQ(set(NAT_PortMapping_ExternalPort, "80 and more", {1}), accepted(APPLY_TASK_COMMANDS));
-  EXPECT_EQ(config("firewall.web.src_dport"), "80 and more");
-  for (const auto& [value, written] :
-       {std::pair{"TCP", "tcp"}, {"Udp", "udp"}, {"TCP UDP", "tcp udp"}, {"Other", "other"}}) {
-    EXPECT_EQ(set(NAT_PortMapping_Protocol, value, {1}), accepted(APPLY_TASK_COMMANDS));
-    EXPECT_EQ(config("firewall.web.proto"), written);
-  }
-  // Unquoted, the shell splits a description: what follows the blank is a stray word to the tool.
-  EXPECT_EQ(set(NAT_PortMapping_Description, "two words", {1}), accepted(APPLY_TASK_COMMANDS));
-  EXPECT_EQ(commands().back(), "uci set firewall.web.name=two words && uci commit");
-}
-
-TEST_F(PortMapping, ANumberBeyondTheLastChangesNothingYetReloads) {
-  const std::string before = *contents("/etc/config/firewall");
-  for (const int32_t nowhere : {4, 0, -1}) {
-    for (const Field& field : kFields) {
-      run("rm -f /tmp/tr069/cmd_record_once");
-      EXPECT_EQ(set(field.nat, field.value, {nowhere}), accepted(APPLY_TASK_COMMANDS));
-      EXPECT_EQ(task_record_once(), kReload);
-    }
-  }
-  EXPECT_TRUE(commands().empty());
-  EXPECT_EQ(contents("/etc/config/firewall"), before);
-}
-
-TEST_F(PortMapping, AChangeThatCannotBeRecordedFailsThoughWritten) {
-  run("rm -r /tmp/tr069");
-  for (const Field& field : kFields) {
-    EXPECT_EQ(set(field.nat, field.value, {1}), kRefused);
-    EXPECT_EQ(messages().back(), "SPME.\n");
-    EXPECT_EQ(config(std::string("firewall.web.") + field.option), field.value);
-  }
-}
-
-TEST_F(PortMapping, ACommandThatWouldBeCutIsNotRun) {
-  EXPECT_EQ(set(NAT_PortMapping_Description, std::string(2000, 'x'), {1}), kRefused);
-  EXPECT_TRUE(commands().empty());
-  EXPECT_EQ(task_record_once(), "");
-}
-
-TEST_F(PortMapping, WithoutAFirewallEverythingFails) {
-  run("rm /etc/config/firewall");
-  EXPECT_EQ(get(NAT_PortMappingNumberOfEntries), kGetFailed);
-  EXPECT_EQ(messages().back(), "[ERR]uci failed to load config:firwall\n");
-  for (const Field& field : kFields) {
-    seams().syslog.clear();
-    EXPECT_EQ(get(field.nat, {1}), kGetFailed);
-    EXPECT_EQ(set(field.nat, field.value, {1}), kRefused);
-    EXPECT_EQ(messages(), std::vector<std::string>(2, "[ERR]uci failed to load config:firewall\n"));
-  }
-  EXPECT_EQ(task_record_once(), "");
+  for (const parameter_handler port : {NAT(ExternalPort), NAT(InternalPort)})
+    for (const char* value : {"0", "65535", "", "http", "4294967376"})
+      expect_sets({{port, value, kRefused, {}, no_firewall}});
+  expect_sets({{NAT(Protocol), "tcpudp", kRefused, {}, no_firewall},
+               {NAT(Protocol), "", kRefused, {}, no_firewall},
+               {NAT(InternalClient), "host", kRefused, {logs("mal format ip\n")}, no_firewall},
+               {NAT(InternalClient), "10.0.0.9 ", kRefused, {logs("mal format ip\n")}, no_firewall},
+               {NAT(Description), std::string(2000, 'x'), kRefused}});  // the command would be cut
 }
 
 }  // namespace
