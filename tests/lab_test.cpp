@@ -49,7 +49,7 @@ TEST_F(Lab, TheWanFollowsItsConfiguredProtocol) {
 }
 
 TEST_F(Lab, CountersAreThoseOfTheLinksOwnInterface) {
-  if (!has_network()) GTEST_SKIP() << "the router runs in place, without interfaces";
+  if (!has_network()) GTEST_SKIP() << "the router has no interfaces here";
   for (const auto& [protocol, interface] : {std::pair{"dhcp", "eth0"}, {"pppoe", "pppoe-wan"}, {"l2tp", "l2tp-wan"}}) {
     configure("network.wan.proto", protocol);
     commands().clear();

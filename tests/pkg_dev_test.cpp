@@ -170,7 +170,8 @@ TEST_F(Leds, AreTheKernelsInOrder) {
                {status, bright(""), "Error"},
                {status, none, "Error"},
                {At{LEDs_LED_Status, {0}}, as_is, kGetFailed, "LE\n"}});
-  EXPECT_TRUE(!has_leds() || get(LEDs_LED_Name) != answered("led"));
+  if (!has_leds()) GTEST_SKIP() << "the router has no LEDs here";
+  EXPECT_NE(get(LEDs_LED_Name), answered("led"));
 }
 
 // ---- Time ----

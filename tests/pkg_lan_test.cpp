@@ -36,7 +36,8 @@ TEST_F(LanAddress, MacIsTheBridgesForTheOneInterfaceThereIs) {
                {LAN_IP(MACAddress), no_pipes, kGetFailed, "FTGMAD.\n"},
                {At{LAN_IP(MACAddress), {1, 2}}, as_is, kGetFailed},
                {At{LAN_IP(MACAddress), {2, 1}}, as_is, kGetFailed}});
-  EXPECT_TRUE(!has_network() || get(LAN_IP(MACAddress)).text.size() == 17);
+  if (!has_network()) GTEST_SKIP() << "the router has no interfaces here";
+  EXPECT_EQ(get(LAN_IP(MACAddress)).text.size(), 17U);
 }
 
 // ---- DHCP server ----

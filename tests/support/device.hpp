@@ -40,7 +40,7 @@ class DeviceTest : public testing::Test {
   static bool logged(const std::string& message);
   static std::vector<std::string>& commands() { return seams().commands; }
 
-  // Whether the lab could give the router its LEDs and its interfaces; where it runs in place it may not.
+  // Whether the lab could give the router its LEDs and its interfaces: that depends on the sandbox.
   static bool has_network() { return run("grep -q br-lan: /proc/net/dev") == 0; }
   static bool has_leds() { return contents("/sys/class/leds/power/brightness").has_value(); }
 };

@@ -1,0 +1,97 @@
+# shellcheck shell=bash disable=SC2154 # lab/launch sets the rest
+# Sourced by lab/launch: the sandbox for where namespaces are refused. proot gives programs another root directory by
+# changing the paths in their system calls, and needs no privileges for it. Processes and network remain this machine's.
+# A program of the router could delete or overwrite what is bound into it: so but for the build, /proc and, where it
+# cannot be helped, device nodes, the router has copies.
+
+# Sets `target` to where this machine has a path of the router, and makes the directory around it. What the router's
+# programs have linked must not lead out of the router.
+inside() {
+  target=$device$1
+  [[ -z ${checked[${target%/*}]:-} ]] || return 0
+  is_around "$device" "$(realpath -m "${target%/*}")" ||
+    fail "$1 leads out of the router in $device; --fresh makes it anew"
+  mkdir -p "${target%/*}"
+  checked[${target%/*}]=yes
+}
+declare -A checked
+
+# install_copy FILE [PLACE]: a copy of this machine's in the router.
+install_copy() {
+  local target
+  inside "${2:-$1}"
+  [[ ! -f $target || $1 -nt $target ]] || return 0
+  cp -L --remove-destination "$1" "$target"
+}
+
+# The shared libraries of programs, but for those of the build.
+libraries_of() {
+  { ldd "$@" 2>/dev/null || true; } | sed -nE 's,^\s(.* => )?(/[^ ]+) \(.*,\2,p' | sort -u |
+    while read -r library; do is_around "$build" "$library" || printf '%s\n' "$library"; done
+}
+
+# Device nodes are the router's own where this user may make them; else they are bound.
+install_devices() {
+  local target name directory nodes=(null zero full random urandom tty)
+  inside /dev/null
+  directory=${target%/*}
+  mkdir -p "$directory/pts"
+  for name in fd:/proc/self/fd stdin:fd/0 stdout:fd/1 stderr:fd/2 ptmx:pts/ptmx; do
+    ln -sfn "${name#*:}" "$directory/${name%:*}"
+  done
+  bound+=(/dev/pts)
+  if ! is_usable_node "$target"; then
+    (cd /dev && cp -a --remove-destination "${nodes[@]}" "$directory") 2>/dev/null || true
+  fi
+  if ! is_usable_node "$target"; then
+    for name in "${nodes[@]}"; do
+      rm -f "$directory/$name"
+      : >"$directory/$name"
+      bound+=("/dev/$name")
+    done
+  fi
+}
+is_usable_node() { [[ -c $1 ]] && (: >"$1") 2>/dev/null; }
+bound=(/proc)
+
+furnish_for_proot() {
+  local place target library
+  inside /bin/busybox
+  [[ -x $target ]] || cp -a "$applets/." "${target%/*}"
+  for place in "${!programs[@]}"; do
+    install_copy "${programs[$place]}" "$place"
+  done
+  for library in $(libraries_of "${programs[@]}" "$build/kovadm" "$1"); do
+    install_copy "$library"
+  done
+  if [[ -x $emulator && -x $build/lab/bin/uci ]] && is_foreign "$build/lab/bin/uci"; then
+    for library in "$emulator" "$arm_root"/lib/*.so*; do
+      install_copy "$library"
+    done
+  fi
+  install_devices
+  inside "$build/"
+  bound+=("$build")
+}
+
+# proot ends when its last process does. So the router's program is run by a shell that then ends proot, which takes all
+# other processes along; its exit status comes back through a file.
+enter_proot() {
+  local lacking="no interfaces; what is read from them is missing or this machine's"
+  local privileges=('--bounding-set=-all,+dac_override' --inh-caps=-all) outcome status=0
+  # shellcheck disable=SC2016 # the router's shell expands it
+  local session='trap : INT QUIT TERM HUP; "$@" 9>&-; echo $? >&9; kill -QUIT $PPID'
+  if grep -q '^KOVA_SANITIZE:[A-Z]*=.' "$build/CMakeCache.txt"; then
+    lacking+="; no check for leaks"
+    environment+=("ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}detect_leaks=0")
+  fi
+  environment+=(KOVA_LAB_NETWORK=none)
+  say "the sandbox is proot ($refusal): $lacking"
+  setpriv "${privileges[@]}" true 2>/dev/null || privileges=()
+  outcome=$(mktemp)
+  litter+=("$outcome")
+  run setpriv --pdeathsig QUIT "${privileges[@]}" "$(find_tool proot)" -v -1 -0 -r "$device" -w / \
+    "${bound[@]/#/--bind=}" /bin/sh -c "$session" sh /bin/sh /sbin/lab-init "$@" 9>"$outcome" || status=$?
+  [[ ! -s $outcome ]] || status=$(<"$outcome")
+  return "$status"
+}
