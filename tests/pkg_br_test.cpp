@@ -157,6 +157,7 @@ TEST_F(Vlans, ALanPortHasTheServiceThatTheScriptFound) {
                {At{IPTV(VLANTYPE_LAN), {2}}, field("4", std::string(120, 'i')), std::string(99, 'i')},
                {At{IPTV(VLANTYPE_LAN), {3}}, field("6", "\n"), "UNKOWN", "GILTF 4.\n"},
                {At{IPTV(VLANTYPE_LAN), {3}}, field("6", ""), "UNKOWN", "GILTF 4.\n"},
+               {At{IPTV(VLANTYPE_LAN), {3}}, iptv("lan3", "voip"), "voip"},  // by the script itself, asked first
                {At{IPTV(VLANTYPE_LAN), {0}}, as_is, kGetFailed, "LE\n"}});
 
   const auto port = [](const std::string& type) { return runs(kVerify + "iptv_type_LAN_set lan3 \"" + type + '"'); };
@@ -192,15 +193,14 @@ TEST_F(Services, LimitsAreReadFromTheStoreAndSetByTheProgram) {
   const struct {
     parameter_handler handler;
     std::string value;
-    std::string before;
-    std::string after;
+    std::string arguments;
     std::string message;
-  } settings[] = {{QOS(Enable), "1", "", " 0 0", "FTSQE.\n"},
-                  {QOS(Enable), "0", "", " 0 0", "FTSQE.\n"},
-                  {QOS(Upband), whole, "1 ", " 0", "FTSQUB.\n"},
-                  {QOS(Downband), whole, "1 0 ", "", "FTSQDB.\n"}};
-  for (const auto& [handler, value, before, after, message] : settings) {
-    const std::string command = runs("/usr/bin/tr069/cwmp-qos " + before + value + after);
+  } settings[] = {{QOS(Enable), "1", "1 0 0", "FTSQE.\n"},
+                  {QOS(Enable), "0", "0 0 0", "FTSQE.\n"},
+                  {QOS(Upband), whole, "1 " + whole + " 0", "FTSQUB.\n"},
+                  {QOS(Downband), whole, "1 0 " + whole, "FTSQDB.\n"}};
+  for (const auto& [handler, value, arguments, message] : settings) {
+    const std::string command = runs("/usr/bin/tr069/cwmp-qos " + arguments);
     expect_sets({{handler, value, accepted(0x1000), {command}, exits(0)},
                  {handler, value, accepted(0x1000), {command}, exits(0x7f00)},
                  {handler, value, kRefused, {command, logs(message)}, exits(-1)}});
@@ -265,24 +265,28 @@ TEST_F(Bridges, PortsAreTheMembersInTheirOrder) {
   const auto up = [](const std::string& port, const std::string& line) {
     return kThree && prints("ifconfig " + port + " | sed '1d' | grep UP | awk '{print $1}'", line);
   };
-  expect_gets({{At{PORT(Name), {2, 1}}, kThree, "eth0.1"},
-               {At{PORT(Name), {2, 3}}, kThree, "wl9"},
-               {At{PORT(Name), {2, 1}}, members(R"("eth0.1")"), "eth0.1"},
-               {At{PORT(Status), {2, 1}}, up("eth0.1", "up\n"), "Up"},
-               {At{PORT(Status), {2, 2}}, up("ra1", "UPPER\n"), "Down"},
-               {At{PORT(Status), {2, 3}}, up("wl9", ""), "Down"},
-               {At{PORT(LowerLayers), {2, 1}}, kThree, "Ethernet.Interface.2"},
-               {At{PORT(LowerLayers), {2, 3}}, kThree, kLeftAsItWas},
-               {At{PORT(Stats_BytesSent), {2, 2}}, kThree, "5000000000"},
-               {At{PORT(Stats_PacketsSent), {2, 2}}, kThree, "22"},
-               {At{PORT(Stats_ErrorsSent), {2, 2}}, kThree, "23"},
-               {At{PORT(Stats_BytesReceived), {2, 2}}, kThree, "11"},
-               {At{PORT(Stats_PacketsReceived), {2, 2}}, kThree, "12"},
-               {At{PORT(Stats_ErrorsReceived), {2, 2}}, kThree, "0"},
-               {At{PORT(Stats_BytesSent), {2, 3}}, kThree, kLeftAsItWas}});
+  expect_gets(
+      {{At{PORT(Name), {2, 1}}, kThree, "eth0.1"},
+       {At{PORT(Name), {2, 3}}, kThree, "wl9"},
+       {At{PORT(Name), {2, 1}}, members(R"("eth0.1")"), "eth0.1"},
+       {At{PORT(Status), {2, 1}}, up("eth0.1", "up\n"), "Up"},
+       {At{PORT(Status), {2, 2}}, up("ra1", "UPPER\n"), "Down"},
+       {At{PORT(Status), {2, 3}}, up("wl9", ""), "Down"},
+       {At{PORT(LowerLayers), {2, 1}}, kThree, "Ethernet.Interface.2"},
+       {At{PORT(LowerLayers), {2, 1}}, kThree && option("wireless.wlan00.ifname", "eth0.1"), "Ethernet.Interface.2"},
+       {At{PORT(LowerLayers), {2, 1}}, members(R"("geth")"), "Ethernet.Interface.2"},
+       {At{PORT(LowerLayers), {2, 3}}, kThree, kLeftAsItWas},
+       {At{PORT(Stats_BytesSent), {2, 2}}, kThree, "5000000000"},
+       {At{PORT(Stats_PacketsSent), {2, 2}}, kThree, "22"},
+       {At{PORT(Stats_ErrorsSent), {2, 2}}, kThree, "23"},
+       {At{PORT(Stats_BytesReceived), {2, 2}}, kThree, "11"},
+       {At{PORT(Stats_PacketsReceived), {2, 2}}, kThree, "12"},
+       {At{PORT(Stats_ErrorsReceived), {2, 2}}, kThree, "0"},
+       {At{PORT(Stats_BytesSent), {2, 3}}, kThree, kLeftAsItWas}});
 }
 
 TEST_F(Bridges, WifiPortsAreNumberedInAnOrderOfTheirOwn) {
+  expect_gets({{At{PORT(LowerLayers), {2, 3}}, kThree && option("wireless.wlan00.ifname", "wl99"), kLeftAsItWas}});
   int number = 0;
   for (const char* network : {"wlan00", "wlan10", "wlan02", "wlan12"}) {
     const Source named = option(std::string("wireless.") + network + ".ifname", "wl9");
