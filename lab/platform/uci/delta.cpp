@@ -102,7 +102,7 @@ std::string format_delta(const std::string& package, const std::vector<Change>& 
   std::string text;
   for (const Change& change : changes) {
     if (change.kind != Change::SET) text += static_cast<char>(change.kind);
-    text += package + "." + change.section;
+    text += package + "." + escaped(change.section);
     if (!change.option.empty()) text += "." + change.option;
     if (change.kind != Change::REMOVE) text += "=" + quoted(change.value);
     text += "\n";

@@ -36,15 +36,17 @@ void split(uci_ptr& ptr, char* text) {
   if (ptr.option != nullptr) require(is_name(ptr.option), UCI_ERR_PARSE);
 }
 
-// "@type[n]": the n-th section of a type (of any with no type), from the end when n is negative.
+// "@type[n]": the n-th section of a type (of any with no type), from the end when n is negative; without n the first.
 uci_section* find_by_index(const uci_package& package, std::string_view text) {
   const size_t open = text.find('[');
   require(text.starts_with('@') && open != std::string_view::npos && text.ends_with(']'), UCI_ERR_INVAL);
   const std::string_view type = text.substr(1, open - 1);
   const std::string_view digits = text.substr(open + 1, text.size() - open - 2);
   int index = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), index);
-  require(error == std::errc() && end == digits.data() + digits.size(), UCI_ERR_INVAL);
+  if (!digits.empty()) {
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), index);
+    require(error == std::errc() && end == digits.data() + digits.size(), UCI_ERR_INVAL);
+  }
 
   std::vector<uci_section*> sections;
   uci_element* element = nullptr;

@@ -128,12 +128,12 @@ int uci_commit(uci_context* ctx, uci_package** p, bool overwrite) {
       file.replace(path, format_package(package));
       package.unsaved.clear();
       package.saved.clear();
-    } else if (!extra.empty() || !saved.empty()) {
+    } else {
       // The file may have changed since it was loaded: its present state plus all changes is what counts.
       OwnedPackage current = read_package(context, name, file);
       apply_saved(*current, extra);
       apply_saved(*current, saved);
-      file.replace(path, format_package(*current));
+      if (!current->saved.empty()) file.replace(path, format_package(*current));
       current->saved.clear();
       free_package(&package);
       *p = current.release();

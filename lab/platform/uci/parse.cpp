@@ -30,8 +30,6 @@ void read_option(uci_section* section, const Reader& reader, const Words& words)
     add_to_list(*section, words[1], value);
   } else if (!value.empty()) {
     set_string(*section, words[1], value);
-  } else if (uci_option* earlier = find_option(*section, words[1])) {
-    free_option(earlier);
   }
 }
 

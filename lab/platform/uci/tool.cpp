@@ -103,8 +103,17 @@ int changed(uci_context* context, uci_ptr& ptr) {
   return error == UCI_OK ? uci_save(context, ptr.p) : error;
 }
 
+constexpr int kFailedWithoutMessage = -1;
+
+// Sections and plain options are not deleted by their value.
+int remove(uci_context* context, uci_ptr& ptr) {
+  const bool has_value = ptr.value != nullptr && ptr.value[0] != '\0';
+  const bool is_list = ptr.o != nullptr && ptr.o->type == UCI_TYPE_LIST;
+  return has_value && !is_list ? kFailedWithoutMessage : changed<uci_delete>(context, ptr);
+}
+
 struct Command {
-  int (*run)(uci_context*, uci_ptr&);  // an error of the library
+  int (*run)(uci_context*, uci_ptr&);  // an error of the library, or kFailedWithoutMessage
   bool needs_value;
   bool needs_existing;
   bool takes_all;  // without an argument it works on every package
@@ -115,7 +124,7 @@ const std::map<std::string, Command> kCommands = {
     {"show", {show, false, true, true}},
     {"changes", {changes, false, true, true}},
     {"set", {changed<uci_set>, true, false, false}},
-    {"delete", {changed<uci_delete>, false, true, false}},
+    {"delete", {remove, false, true, false}},
     {"add_list", {changed<uci_add_list>, true, false, false}},
     {"del_list", {changed<uci_del_list>, true, false, false}},
     {"revert", {revert, false, false, false}},
@@ -134,7 +143,7 @@ class Session {
     if (error == UCI_OK) error = run_on(command, ptr);
     if (error == UCI_OK) return 0;
     standin::context_of(context()).error = error;
-    if (!is_quiet_) uci_perror(context(), "uci");
+    if (!is_quiet_ && error != kFailedWithoutMessage) uci_perror(context(), "uci");
     return 1;
   }
 

@@ -13,7 +13,7 @@ std::string format_option(uci_option* option) {
 }
 
 std::string format_section(const uci_section& section) {
-  std::string lines = std::string("\nconfig ") + section.type;
+  std::string lines = "\nconfig " + escaped(section.type);
   if (!section.anonymous) lines += " " + quoted(section.e.name);
   lines += "\n";
   uci_element* option = nullptr;
@@ -30,16 +30,18 @@ std::string format_package(const uci_package& package) {
   return text + "\n";
 }
 
-std::string quoted(std::string_view value) {
-  std::string result(1, '\'');
-  for (const char c : value) {
+std::string escaped(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
     if (c == '\'') {
       result += "'\\''";
     } else {
       result += c;
     }
   }
-  return result + "'";
+  return result;
 }
+
+std::string quoted(std::string_view value) { return "'" + escaped(value) + "'"; }
 
 }  // namespace standin

@@ -10,7 +10,10 @@ namespace standin {
 
 std::string format_package(const uci_package& package);
 
-// A value as files have it: in single quotes, with '\'' for a quote inside.
+// A text as files have it: with '\'' for a single quote, in types and names too, though no reader takes them.
+std::string escaped(std::string_view text);
+
+// A value as files have it: escaped, in single quotes.
 std::string quoted(std::string_view value);
 
 }  // namespace standin
