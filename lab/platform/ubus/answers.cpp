@@ -66,10 +66,15 @@ std::filesystem::path bus_directory() {
   return chosen != nullptr ? chosen : "/etc/lab/bus";
 }
 
-std::vector<std::string> bus_objects() {
+std::optional<std::vector<std::string>> bus_objects() {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(bus_directory()))
-    if (entry.is_directory()) names.push_back(entry.path().filename());
+  std::error_code fault;
+  const std::filesystem::directory_iterator end;
+  for (std::filesystem::directory_iterator entry(bus_directory(), fault); entry != end; entry.increment(fault)) {
+    std::error_code unknown;
+    if (entry->is_directory(unknown)) names.push_back(entry->path().filename());
+  }
+  if (fault) return std::nullopt;
   std::sort(names.begin(), names.end());
   return names;
 }

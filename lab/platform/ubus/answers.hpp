@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,8 @@ namespace standin {
 // Where the answers are: $KOVA_LAB_BUS, or /etc/lab/bus.
 std::filesystem::path bus_directory();
 
-std::vector<std::string> bus_objects();
+// nullopt when there is no bus: the directory is missing or cannot be read.
+std::optional<std::vector<std::string>> bus_objects();
 
 // An answer: a bus status, and for success the reply; null for none.
 struct BusAnswer {

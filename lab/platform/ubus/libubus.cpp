@@ -16,9 +16,8 @@ struct ubus_context {
 };
 
 ubus_context* ubus_connect(const char* /*path*/) {
-  std::error_code error;
-  if (!std::filesystem::is_directory(bus_directory(), error)) return nullptr;
-  return new ubus_context{bus_objects()};
+  auto objects = bus_objects();
+  return objects ? new ubus_context{std::move(*objects)} : nullptr;
 }
 
 void ubus_free(ubus_context* ctx) { delete ctx; }

@@ -37,7 +37,7 @@ struct ubus_request {
 
 typedef void (*ubus_data_handler_t)(struct ubus_request* req, int type, struct blob_attr* msg);
 
-/* NULL when there is no bus: no directory of answers. The path is not used. */
+/* NULL when there is no bus: no directory of answers that can be read. The path is not used. */
 struct ubus_context* ubus_connect(const char* path);
 void ubus_free(struct ubus_context* ctx);
 

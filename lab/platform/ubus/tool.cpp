@@ -26,8 +26,15 @@ int usage() {
   return 1;
 }
 
+int unreachable() {
+  fputs("Failed to connect to ubus\n", stderr);
+  return 255;
+}
+
 int list(const std::string& pattern) {
-  for (const std::string& object : standin::bus_objects()) {
+  const auto objects = standin::bus_objects();
+  if (!objects) return unreachable();
+  for (const std::string& object : *objects) {
     if (fnmatch(pattern.c_str(), object.c_str(), 0) == 0) puts(object.c_str());
   }
   return 0;
@@ -50,10 +57,7 @@ int call(const std::string& object, const std::string& method, const std::string
   standin::add_members(buffer, request);
 
   ubus_context* bus = ubus_connect(nullptr);
-  if (bus == nullptr) {
-    fputs("Failed to connect to ubus\n", stderr);
-    return 255;
-  }
+  if (bus == nullptr) return unreachable();
   uint32_t id = 0;
   int status = ubus_lookup_id(bus, object.c_str(), &id);
   const auto print = [](ubus_request* request_made, int, blob_attr* reply) {
