@@ -101,4 +101,11 @@ bool DeviceTest::logged(const std::string& message) {
   return std::find(all.begin(), all.end(), message) != all.end();
 }
 
+std::string DeviceTest::take_log() {
+  std::string log;
+  for (const std::string& message : messages()) log += message;
+  seams().syslog.clear();
+  return log;
+}
+
 }  // namespace kova::test

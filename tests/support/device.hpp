@@ -38,6 +38,8 @@ class DeviceTest : public testing::Test {
   // The messages logged since the test began, without module and line.
   static std::vector<std::string> messages();
   static bool logged(const std::string& message);
+  // All of them, which are gone then.
+  static std::string take_log();
   static std::vector<std::string>& commands() { return seams().commands; }
 
   // Whether the lab could give the router its LEDs and its interfaces: that depends on the sandbox.
