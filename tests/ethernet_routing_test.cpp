@@ -234,5 +234,22 @@ TEST_F(Routing, WorkersTakeThePlaceOfTheRoutesNumber) {
   EXPECT_STREQ(target, "10.1.0.0");
 }
 
+TEST_F(Routing, TheKernelTakesThemOverWhenTheyAreApplied) {
+  run("/sbin/lab-reset");
+  const std::string apply = "/usr/bin/tr069/apply/routes >/tmp/routes 2>&1";
+  if (!has_network()) {
+    EXPECT_EQ(run(apply + " && grep -q 'no interfaces' /tmp/routes"), 0);
+    return;
+  }
+  const std::string first = " && /usr/sbin/ip route show 10.20.0.0/16 | grep -q ";
+  EXPECT_EQ(run(apply + first + "'192.168.1.254 dev br-lan'"), 0);
+  EXPECT_EQ(set(ROUTE(Interface), kWan, {1, 1}), accepted(APPLY_ROUTES));
+  EXPECT_EQ(set(ROUTE(GatewayIPAddress), "192.0.2.7", {1, 1}), accepted(APPLY_ROUTES));
+  EXPECT_EQ(run(apply + first + "'192.0.2.7 dev eth0'"), 0);
+  configure("network.branch.interface", "guest");
+  EXPECT_NE(run(apply), 0);
+  EXPECT_EQ(run("grep -q '^routes: 1: no link of the interface \"guest\"' /tmp/routes"), 0);
+}
+
 }  // namespace
 }  // namespace kova::test

@@ -353,5 +353,15 @@ TEST_F(IpInterface, AddressesAreSetByTheTargetsRules) {
   }
 }
 
+TEST_F(IpInterface, AChangedEntryIsInForceOnceTheRecordWasRun) {
+  EXPECT_EQ(set(ADDRESS(Enable), "1", {1, 1}), accepted(APPLY_TASK_COMMANDS));
+  EXPECT_EQ(get(ADDRESS(Enable), {1, 1}), answered("0"));
+  EXPECT_EQ(run("sh /tmp/tr069/cmd_record && rm /tmp/tr069/cmd_record"), 0);
+  EXPECT_EQ(get(ADDRESS(Enable), {1, 1}), answered("1"));
+  EXPECT_EQ(set(ADDRESS(IPAddress), "192.0.2.50", {1, 1}), accepted(APPLY_TASK_COMMANDS));
+  EXPECT_EQ(run("sh /tmp/tr069/cmd_record"), 0);
+  EXPECT_EQ(get(ADDRESS(IPAddress), {1, 1}), answered("192.0.2.50"));
+}
+
 }  // namespace
 }  // namespace kova::test

@@ -5,8 +5,9 @@
 #include "pkg-wan.h"
 
 namespace kova {
+namespace {
 
-constexpr NetworkInterface network_interfaces[kInterfaces] = {
+constexpr NetworkInterface kInterfaces[] = {
     {.name = "wan",
      .reference = "Device.IP.Interface.1.",
      .title = "Wan",
@@ -42,9 +43,13 @@ constexpr NetworkInterface network_interfaces[kInterfaces] = {
                   .errors_received = Cellular_Interface_Stats_ErrorsReceived}},
 };
 
+}  // namespace
+
+std::span<const NetworkInterface> network_interfaces() { return kInterfaces; }
+
 const NetworkInterface* interface_of(const Call& call) {
   const int32_t number = call.instance(0);
-  return number >= 1 && number <= kInterfaces ? &network_interfaces[number - 1] : nullptr;
+  return number >= WAN && number <= MOBILE ? &kInterfaces[number - 1] : nullptr;
 }
 
 int forward_counter(Call& call, parameter_handler Counters::*counter) {

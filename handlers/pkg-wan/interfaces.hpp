@@ -2,6 +2,8 @@
 // Device.Ethernet.Interface, and the words that choose by that number.
 #pragma once
 
+#include <span>
+
 #include "parameter.hpp"
 
 namespace kova {
@@ -24,8 +26,8 @@ struct NetworkInterface {
 
 enum InterfaceNumber { WAN = 1, LAN, MOBILE };
 
-inline constexpr int kInterfaces = 3;
-extern const NetworkInterface network_interfaces[kInterfaces];
+// All of them, in the order of their numbers.
+std::span<const NetworkInterface> network_interfaces();
 
 // The interface that the call's first instance number stands for; nullptr when there is none.
 const NetworkInterface* interface_of(const Call& call);

@@ -23,7 +23,7 @@ constexpr auto interface_field(const char* NetworkInterface::*field) {
 constexpr auto unless_pppoe(const char* NetworkInterface::*field, auto instead) {
   return [=](Call& call) {
     if (call.instance(0) != WAN) return reply_field(call, field);
-    return if_protocol(in_any_case("pppoe"), instead, network_interfaces[WAN - 1].*field)(call);
+    return if_protocol(in_any_case("pppoe"), instead, interface_of(call)->*field)(call);
   };
 }
 

@@ -25,14 +25,14 @@ const char* as_stored(const char* value) { return value; }
 
 // A network that is no interface of the data model counts as the WAN.
 const char* reference(const char* name) {
-  for (const NetworkInterface& interface : network_interfaces) {
+  for (const NetworkInterface& interface : network_interfaces()) {
     if (strcasecmp(name, interface.name) == 0) return interface.reference;
   }
-  return network_interfaces[0].reference;
+  return network_interfaces()[0].reference;
 }
 
 const char* referenced_name(const Call& call) {
-  for (const NetworkInterface& interface : network_interfaces) {
+  for (const NetworkInterface& interface : network_interfaces()) {
     if (strcasecmp(call.value(), interface.reference) == 0) return interface.name;
   }
   return nullptr;
