@@ -58,7 +58,8 @@ Observed observe_set(parameter_handler handler, const std::string& value, int32_
 std::optional<std::string> accepted_value(parameter_handler handler) {
   const DeviceState before;
   std::optional<std::string> found;
-  for (const char* value : {"1", "0", "192.168.1.100", "100", "1400", "static", "tcp", "text of eight and more"}) {
+  for (const char* value : {"1", "0", "192.168.1.100", "100", "1400", "static", "tcp", "text of eight and more",
+                            "20MHz", "None", "AESEncryption", "PSKAuthentication", "12345678", "bgn", "Requested"}) {
     if (!found && set(handler, value, kFirstRow).result == 0) found = value;
   }
   before.restore();
@@ -82,6 +83,7 @@ class Catalogue : public TableTest {
     exits(0).put();
     for (const char* interface : {"network.interface.wan", "network.interface.4g"})
       status(interface, R"({"up": true, "uptime": 7, "device": "eth0", "l3_device": "eth0"})").put();
+    configure("wireless.wlan02.encryption", "psk2");
     write_file("/tmp/tr069/check", "config result 'result'\n\toption set_result '1'\n");
     write_file("/tmp/tr069/hosts", "config host '1'\n\toption ip '192.168.1.10'\n");
   }
@@ -150,6 +152,7 @@ struct Alias {
 #define LAN(name) LANDevice_LANHostConfigManagement_##name
 #define WAN_IP(name) WANDevice_WANConnectionDevice_WANIPConnection_##name
 #define WAN_PPP(name) WANDevice_WANConnectionDevice_WANPPPConnection_##name
+#define WLAN(name) LANDevice_WLANConfiguration_##name
 
 const Alias kAliases[] = {
     {DeviceInfo_ModelName, DeviceInfo_ProductClass},
@@ -188,6 +191,20 @@ const Alias kAliases[] = {
     {WAN_PPP(PortMapping_InternalPort), WAN_IP(PortMapping_InternalPort)},
     {WAN_PPP(PortMapping_PortMappingProtocol), WAN_IP(PortMapping_PortMappingProtocol)},
     {WAN_PPP(PortMapping_InternalClient), WAN_IP(PortMapping_InternalClient)},
+    {WLAN(IEEE11iEncryptionModes), WLAN(WPAEncryptionModes)},
+    {WLAN(IEEE11iAuthenticationMode), WLAN(WPAAuthenticationMode)},
+    {WLAN(MultiSSID_IEEE11iEncryptionModes), WLAN(MultiSSID_WPAEncryptionModes)},
+    {WLAN(MultiSSID_IEEE11iAuthenticationMode), WLAN(MultiSSID_WPAAuthenticationMode)},
+    {WLAN(Standard), WiFi_Radio_OperatingStandards},
+    {WiFi_Radio_OperatingFrequencyBand, WiFi_Radio_SupportedFrequencyBands},
+    {WiFi_Radio_OperatingChannelBandwidth, WLAN(X_KOVA_Bandwidth)},
+    {WiFi_Radio_ChannelsInUse, WLAN(ChannelsInUse)},
+    {WiFi_Radio_Channel, WLAN(Channel)},
+    {WiFi_Radio_AutoChannelEnable, WLAN(AutoChannelEnable)},
+    {WiFi_Radio_TransmitPowerSupported, WLAN(TransmitPowerSupported)},
+    {WiFi_Radio_TransmitPower, WLAN(TransmitPower)},
+    {WiFi_SSID_MACAddress, WiFi_SSID_BSSID},
+    {WiFi_AccessPoint_Enable, WiFi_SSID_Enable},
 };
 
 TEST_F(Catalogue, AnAliasAnswersAndDoesWhatItsTargetDoes) {

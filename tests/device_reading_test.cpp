@@ -106,7 +106,7 @@ TEST_F(Channels, AreTestedByNumber) {
     return GetChannelPoll(7, nullptr, channel.data(), Instances{1, 1}.data(), 0);
   };
   seams().answer(listing("ra0"), "1 6 0 11 ");
-  for (const auto& [channel, result] : {std::pair{"6", 7}, {"11 and more", 7}, {"7", 0}, {"0", 0}})
+  for (const auto& [channel, result] : {std::pair{"6", 7}, {"11 and more", 7}, {"7", 0}, {"0", 0}, {"4294967302", 0}})
     EXPECT_EQ(test(channel), result) << channel;
   seams().popen_fails = true;
   EXPECT_EQ(test("6"), -1);

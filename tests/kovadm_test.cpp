@@ -153,6 +153,7 @@ TEST_F(Kovadm, FaultsCarryTheProtocolsNumbersAndTheRestIsAnswered) {
 }
 
 TEST_F(Kovadm, WalksEveryParameterOfTheDevice) {
+  run("printf Requested >/tmp/diag/neighboringwifi_state; /usr/bin/tr069/apply/neighbor-wifi-diag >/dev/null");
   const Finished walk = kovadm("walk --json");
   EXPECT_EQ(walk.status, 0) << walk.error;
   const std::vector<std::string> paths = paths_of(walk.document());

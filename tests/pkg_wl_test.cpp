@@ -1,4 +1,6 @@
 // Wireless networks and radios, in both trees.
+#include <regex>
+
 #include "pkg-wl/pkg-wl.h"
 #include "support/catalogue.hpp"
 #include "support/tables.hpp"
@@ -152,16 +154,31 @@ TEST_F(WirelessNetwork, IsSeenThroughItsInterface) {
   }
 }
 
+const std::string kHosts = R"(
+config host '1'
+	option lay2if 'eth1'
+	option mac 'a'
+config host '2'
+	option lay2if 'NETWORK'
+	option mac 'b'
+config host '4'
+	option lay2if 'NETWORK'
+config host '5'
+	option lay2if 'NETWORK'
+	option mac 'e'
+config host '6'
+	option lay2if 'NETWORK'
+config info 'info'
+	option count 'COUNT'
+)";
+
 TEST_F(WirelessNetwork, HasTheDevicesThatTheHostsTableShowsOnIt) {
   for (const Network& network : kNetworks) {
     SCOPED_TRACE(network.section);
     const Handlers& of = network.handlers;
     const auto table = [&](const char* count) {
-      const std::string seen = "\toption lay2if '" + network.section + "'\n";
-      return file("/tmp/tr069/hosts", "config host '1'\n\toption lay2if 'eth1'\n\toption mac 'a'\nconfig host '2'\n" +
-                                          seen + "\toption mac 'b'\nconfig host '4'\n" + seen + "config host '5'\n" +
-                                          seen + "\toption mac 'e'\nconfig host '6'\n" + seen +
-                                          "config info 'info'\n\toption count '" + count + "'\n");
+      const std::string hosts = std::regex_replace(kHosts, std::regex("NETWORK"), network.section);
+      return file("/tmp/tr069/hosts", std::regex_replace(hosts, std::regex("COUNT"), count));
     };
     expect_gets(
         {{network.at(of.device_count), table("5"), "3"},
@@ -318,7 +335,7 @@ TEST_F(WirelessSecurity, WpsIsOneSettingForBothRadios) {
 
 TEST_F(WirelessSecurity, AnAccessPointHasOneOfSixModes) {
   for (const auto& [number, section, mask] :
-       {std::tuple{1, "wlan00", 0x2}, {2, "wlan10", 0x2}, {3, "wlan02", 0x4000}, {4, "wlan12", 0x4000}}) {
+       {std::tuple{1, "wlan00", 0x2U}, {2, "wlan10", 0x2U}, {3, "wlan02", 0x4000U}, {4, "wlan12", 0x4000U}}) {
     const At mode = {ACCESS(Security_ModeEnabled), {number, 0}};
     const std::string path = std::string("wireless.") + section + ".encryption";
     const std::string key = std::string("wireless.") + section + ".key";
