@@ -60,7 +60,8 @@ class Walk {
     if (!counter) return std::nullopt;
     const auto value = agent_.get(*counter);
     const auto* text = std::get_if<std::string>(&value);
-    return text != nullptr ? instance_number(*text) : std::nullopt;
+    if (text == nullptr) return std::nullopt;
+    return instance_number(text->substr(0, text->find('\n')));  // some are a line of a file, whole
   }
 
   // The counters that are not named after their table.

@@ -154,6 +154,7 @@ TEST_F(Kovadm, FaultsCarryTheProtocolsNumbersAndTheRestIsAnswered) {
 
 TEST_F(Kovadm, WalksEveryParameterOfTheDevice) {
   run("printf Requested >/tmp/diag/neighboringwifi_state; /usr/bin/tr069/apply/neighbor-wifi-diag >/dev/null");
+  write_file("/tmp/diag/trace_result", "Hops=1\n1 4 5 6 gw.example 192.0.2.1\n");
   const Finished walk = kovadm("walk --json");
   EXPECT_EQ(walk.status, 0) << walk.error;
   const std::vector<std::string> paths = paths_of(walk.document());
@@ -173,6 +174,8 @@ TEST_F(Kovadm, WalksTheInstancesThatThereAre) {
   EXPECT_EQ(count("Device.Hosts.Host.2."), 9U);
   EXPECT_EQ(count("Device.NAT.PortMapping."), 3 * 5U);
   EXPECT_EQ(count("Device.NAT.PortMapping"), 1 + 3 * 5U);
+  write_file("/tmp/diag/trace_result", "Hops=2\n");
+  EXPECT_EQ(count("Device.IP.Diagnostics.TraceRoute.RouteHops."), 2 * 4U);
   // Without a counter of their own, connections are felt for.
   EXPECT_EQ(count("InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection.2.PortMapping."), 3 * 5U);
   const std::vector<std::string> names =

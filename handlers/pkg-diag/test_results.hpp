@@ -1,0 +1,83 @@
+// The tests that the server asks for: their inputs, kept in the store, and the file in which the program that runs a
+// test leaves its results.
+#pragma once
+
+#include <string_view>
+
+#include "diagnostics.hpp"
+#include "parameter.hpp"
+#include "text.hpp"
+
+namespace kova {
+
+// The inputs of all tests. Some tests share one: who sets the host to trace sets the host to ping.
+inline constexpr Section params{"cwmp", "params"};
+
+// A line of a result file; a longer one counts as several.
+using ResultLine = Text<100>;
+
+// Where a test leaves its results; what is logged, and replied, while there are none.
+struct ResultFile {
+  const char* path;
+  LogMessage missing;
+  const char* fallback;
+};
+
+// What validityCheck takes for a number.
+enum Digits { ANY_DIGITS = 1, AT_MOST_SIX_DIGITS = 2, FROM_1_TO_65535 = 3 };
+
+// A number that a text begins with; what follows it is not looked at.
+struct LeadingNumber {
+  int from;
+  int to;
+  std::size_t longest_text = SIZE_MAX;
+
+  bool begins(const char* text) const;
+};
+
+int no_value(Call& call);
+int reply_url(Call& call, const char* option);
+int reply_no_results(Call& call, const ResultFile& results);
+int reply_keyed(Call& call, const ResultFile& results, std::string_view key, int (*absent)(Call&));
+int reply_prefixed(Call& call, const ResultFile& results, std::string_view key);
+int store_host(Call& call, const char* option);
+int store_digits(Call& call, const char* option, Digits digits);
+
+// ---- Getters ----
+
+// An input without a fallback: fails when it cannot be read.
+constexpr auto input(const char* option) {
+  return [=](Call& call) { return uci_raw_extract_value(params.package, params.name, option, call.output()); };
+}
+
+// Where files are sent to or received from: the server that manages the device when no other is set.
+constexpr auto url(const char* option) {
+  return [=](Call& call) { return reply_url(call, option); };
+}
+
+// The value of the first line "key=value"; without one what `absent` replies.
+constexpr auto keyed(ResultFile results, const char* key, int (*absent)(Call&) = no_value) {
+  return [=](Call& call) { return reply_keyed(call, results, key, absent); };
+}
+
+// What follows the key and one character more in the first line that begins with the key, line end included.
+constexpr auto prefixed(ResultFile results, const char* key) {
+  return [=](Call& call) { return reply_prefixed(call, results, key); };
+}
+
+// ---- Setters ----
+
+constexpr auto host(const char* option) {
+  return [=](Call& call) { return store_host(call, option); };
+}
+
+constexpr auto digits(const char* option, Digits kind) {
+  return [=](Call& call) { return store_digits(call, option, kind); };
+}
+
+constexpr auto number(const char* option, LeadingNumber range, uint32_t bits = 0) {
+  return
+      [=](Call& call) { return range.begins(call.value()) ? store_option(call, params, option, bits, {}) : FAILURE; };
+}
+
+}  // namespace kova

@@ -1,0 +1,121 @@
+// TraceRouteDiagnostics, and IP.Diagnostics.TraceRoute: the hops on the way to a host.
+#include <algorithm>
+
+#include "file.hpp"
+#include "pkg-diag.h"
+#include "test_results.hpp"
+
+namespace {
+
+using namespace kova;
+
+constexpr char kState[] = "/tmp/diag/trace_state";
+constexpr char kResult[] = "/tmp/diag/trace_result";
+constexpr ResultFile trace{kResult, "FTGDS.\n", "0"};
+constexpr ResultFile hops{kResult, "FTGDS.\n", "None"};
+
+// ---- Hop lines: the hop's number, a time for each try, the host's name, its address ----
+
+struct Hop {
+  ResultLine line;
+  int tries = 0;  // as many as are written, whatever was asked for
+
+  // A token of the line, counted from 1, its line end included; empty when there are fewer.
+  std::string_view token(int number) const;
+  std::string_view host() const { return token(tries + 2); }
+  std::string_view address() const { return token(tries + 3); }
+  bool timed_out() const { return host().starts_with("Timeout"); }
+};
+
+std::string_view Hop::token(int number) const {
+  std::string_view rest = line.view();
+  std::string_view token;
+  for (int i = 0; i < number; ++i) {
+    rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+    token = {rest.data(), std::min(rest.find(' '), rest.size())};
+    rest.remove_prefix(token.size());
+  }
+  return token;
+}
+
+// Reads the hop that has this number. False when the file has no such line.
+bool read_line(File& file, int32_t hop, ResultLine& line) {
+  for (int32_t number = 0; number <= hop; ++number) {
+    if (!file.read_line(line.span())) return false;
+  }
+  return true;
+}
+
+int reply_hop(Call& call, int (*part)(Call&, const Hop&)) {
+  constexpr int kMostTries = 3;
+  if (call.instance(0) < 1) return refuse(call, "LE\n");
+  File file(hops.path, "r");
+  if (!file) return reply_no_results(call, hops);
+  Hop hop;
+  if (!read_line(file, call.instance(0), hop.line)) return SUCCESS;
+  Text<128> count;
+  if (read_option(params, "count", count.span()) != SUCCESS) return FAILURE;
+  hop.tries = std::min(leading_integer(count.c_str()), kMostTries);
+  return part(call, hop);
+}
+
+int host_name(Call& call, const Hop& hop) {
+  const ResultLine host(hop.host());
+  if (host.empty()) return call.reply("None");
+  constexpr LogMessage kHost = "%s.\n";
+  kHost.print(call.origin(), host.c_str());
+  return call.reply(hop.timed_out() ? "None" : host.c_str());
+}
+
+int host_address(Call& call, const Hop& hop) {
+  std::string_view address = hop.address();
+  if (address.empty()) return call.reply("None");
+  address.remove_suffix(1);  // the line end, if the line was short enough for one
+  return call.reply(ResultLine(address).c_str());
+}
+
+int error_code(Call& call, const Hop& hop) { return call.reply(hop.timed_out() ? "1" : "0"); }
+
+int times(Call& call, const Hop& hop) {
+  Text<ResultLine::capacity() + 4> times;
+  for (int number = 2; number < hop.tries + 2; ++number) {
+    const ResultLine time(hop.token(number));
+    if (time.empty()) break;
+    const Text<times.capacity()> before = times;
+    times.print("%s%s,", before.c_str(), time.c_str());
+  }
+  constexpr LogMessage kTimes = "%s\n";
+  kTimes.print(call.origin(), times.c_str());
+  return call.reply(times.c_str());
+}
+
+constexpr auto hop(int (*part)(Call&, const Hop&)) {
+  return [=](Call& call) { return reply_hop(call, part); };
+}
+
+}  // namespace
+
+// clang-format off
+PARAMETER(TraceRouteDiagnostics_DiagnosticsState,         diagnostics_state(kState), diagnostics_request(kState, APPLY_TRACEROUTE_DIAG))
+PARAMETER(TraceRouteDiagnostics_Host,                     text(params, "host"),      host("host"))
+PARAMETER(TraceRouteDiagnostics_NumberOfTries,            input("count"),            number("count", {1, 3, 1}))
+PARAMETER(TraceRouteDiagnostics_MaxHopCount,              input("ttl"),              number("ttl", {1, 30, 2}))
+PARAMETER(TraceRouteDiagnostics_ResponseTime,             constant("0"),             read_only)
+PARAMETER(TraceRouteDiagnostics_RouteHopsNumberOfEntries, prefixed(trace, "Hops"),   read_only)
+PARAMETER(TraceRouteDiagnostics_RouteHops_HopHost,        hop(host_name),            read_only)
+PARAMETER(TraceRouteDiagnostics_RouteHops_HopHostAddress, hop(host_address),         read_only)
+PARAMETER(TraceRouteDiagnostics_RouteHops_HopErrorCode,   hop(error_code),           read_only)
+PARAMETER(TraceRouteDiagnostics_RouteHops_HopRTTimes,     hop(times),                read_only)
+
+PARAMETER(IP_Diagnostics_IPv4TraceRouteSupported, constant("1"), read_only)
+ALIAS(IP_Diagnostics_TraceRoute_DiagnosticsState,         TraceRouteDiagnostics_DiagnosticsState)
+ALIAS(IP_Diagnostics_TraceRoute_Host,                     TraceRouteDiagnostics_Host)
+ALIAS(IP_Diagnostics_TraceRoute_NumberOfTries,            TraceRouteDiagnostics_NumberOfTries)
+ALIAS(IP_Diagnostics_TraceRoute_MaxHopCount,              TraceRouteDiagnostics_MaxHopCount)
+ALIAS(IP_Diagnostics_TraceRoute_ResponseTime,             TraceRouteDiagnostics_ResponseTime)
+ALIAS(IP_Diagnostics_TraceRoute_RouteHopsNumberOfEntries, TraceRouteDiagnostics_RouteHopsNumberOfEntries)
+ALIAS(IP_Diagnostics_TraceRoute_RouteHops_Host,           TraceRouteDiagnostics_RouteHops_HopHost)
+ALIAS(IP_Diagnostics_TraceRoute_RouteHops_HostAddress,    TraceRouteDiagnostics_RouteHops_HopHostAddress)
+ALIAS(IP_Diagnostics_TraceRoute_RouteHops_ErrorCode,      TraceRouteDiagnostics_RouteHops_HopErrorCode)
+ALIAS(IP_Diagnostics_TraceRoute_RouteHops_RTTimes,        TraceRouteDiagnostics_RouteHops_HopRTTimes)
+// clang-format on
