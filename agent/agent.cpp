@@ -47,11 +47,6 @@ Fault missing_handler(const Plugin& plugin, const Parameter& parameter) {
   return {FaultCode::INTERNAL_ERROR, parameter.path, plugin.file() + " has no handler " + parameter.row->handler, ""};
 }
 
-Fault failed_get(const Parameter& parameter) {
-  if (parameter.instances.empty()) return {FaultCode::INTERNAL_ERROR, parameter.path, "the handler failed", ""};
-  return {FaultCode::INVALID_PARAMETER_NAME, parameter.path, "no such instance", ""};
-}
-
 }  // namespace
 
 std::vector<int32_t> instance_array(const Parameter& parameter) {
@@ -65,7 +60,8 @@ std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   const std::vector<int32_t> instances = instance_array(parameter);
   ValueBuffer output;
-  if (call(handler, kGet, instances.data(), output.data(), record_.get()) != 0) return failed_get(parameter);
+  if (call(handler, kGet, instances.data(), output.data(), record_.get()) != 0)
+    return Fault{FaultCode::INTERNAL_ERROR, parameter.path, "the handler failed", ""};
   return std::string(output.data());
 }
 

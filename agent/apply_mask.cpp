@@ -1,6 +1,8 @@
 #include "apply_mask.hpp"
 
+#include <cctype>
 #include <cstdio>
+#include <string_view>
 
 #include "pkg-tool.h"
 
@@ -31,7 +33,18 @@ const ApplyBit kBits[] = {BIT(APPLY_TASK_COMMANDS, "runs the recorded command li
                           BIT(APPLY_LEDS, "switches the LEDs"),
                           BIT(APPLY_IGMP_PROXY, "restarts the IGMP proxy")};
 
+// Named for the bits: APPLY_IPPING_DIAG starts ipping-diag.
+constexpr char kServices[] = "/usr/bin/tr069/apply/";
+constexpr std::string_view kPrefix = "APPLY_";
+
 }  // namespace
+
+std::string ApplyBit::service() const {
+  std::string file = kServices;
+  for (const char letter : name.substr(name.starts_with(kPrefix) ? kPrefix.size() : 0))
+    file += letter == '_' ? '-' : static_cast<char>(std::tolower(letter));
+  return file;
+}
 
 std::string hexadecimal(uint32_t number) {
   char text[16] = {};

@@ -11,6 +11,9 @@ struct ApplyBit {
   uint32_t bit;
   std::string name;
   std::string work;  // what the agent does about it
+
+  // The program of the router that does it, where it is installed; none for the recorded commands.
+  std::string service() const;
 };
 
 // "0x2004".

@@ -4,7 +4,10 @@ extern "C" {
 #include <uci.h>
 }
 #include <filesystem>
+#include <fstream>
 #include <memory>
+#include <set>
+#include <sstream>
 
 #include "task_records.hpp"
 
@@ -12,18 +15,11 @@ namespace kovadm {
 namespace {
 
 namespace fs = std::filesystem;
-using Options = std::map<std::string, std::string>;
+using Values = std::map<std::string, std::string>;
 
-struct Store {
-  const char* name;
-  const char* directory;
-};
-constexpr Store kStores[] = {{"store", "/etc/config"},
-                             {"mirror", "/tmp/cwmp-config"},
-                             {"forced mirror", "/tmp/cwmp-config-force"},
-                             {"state", "/tmp/tr069"}};
-
-// Only what is committed counts: there are no pending changes in a directory that is not there.
+constexpr char kMainStore[] = "/etc/config";
+// Where a tool leaves changes until they are committed, and a directory that has none.
+constexpr char kPendingChanges[] = "/tmp/.uci";
 constexpr char kNoChanges[] = "/nonexistent";
 
 std::string value_of(const uci_option& option) {
@@ -34,55 +30,125 @@ std::string value_of(const uci_option& option) {
   return list;
 }
 
-void add_package(const uci_package& package, Options& options) {
+void add_package(const uci_package& package, Values& values) {
   uci_element* element = nullptr;
   uci_foreach_element(&package.sections, element) {
     const uci_section& section = *uci_to_section(element);
     const std::string path = std::string(package.e.name) + "." + section.e.name;
-    options[path] = section.type;
+    values[path] = section.type;
     uci_element* inner = nullptr;
-    uci_foreach_element(&section.options, inner) options[path + "." + inner->name] = value_of(*uci_to_option(inner));
+    uci_foreach_element(&section.options, inner) values[path + "." + inner->name] = value_of(*uci_to_option(inner));
   }
 }
 
-Options read_store(const char* directory) {
-  Options options;
+std::vector<fs::path> files_in(const char* directory) {
+  std::vector<fs::path> files;
   std::error_code missing;
   for (const fs::directory_entry& file : fs::directory_iterator(directory, missing)) {
-    if (!file.is_regular_file() || is_task_record(file.path())) continue;
-    const std::unique_ptr<uci_context, decltype(&uci_free_context)> context(uci_alloc_context(), &uci_free_context);
-    uci_set_confdir(context.get(), directory);
-    uci_set_savedir(context.get(), kNoChanges);
-    uci_package* package = nullptr;
-    if (uci_load(context.get(), file.path().filename().c_str(), &package) == UCI_OK) add_package(*package, options);
+    if (file.is_regular_file(missing) && !is_task_record(file.path())) files.push_back(file.path());
   }
-  return options;
+  return files;
 }
 
-void compare(const char* store, const Options& before, const Options& after, std::vector<Change>& changes) {
-  Options all = before;
-  all.insert(after.begin(), after.end());
-  for (const auto& [path, ignored] : all) {
-    const auto old = before.find(path);
-    const auto fresh = after.find(path);
-    const bool was = old != before.end();
-    const bool is = fresh != after.end();
-    if (was && is && old->second == fresh->second) continue;
-    changes.push_back({store, path, was ? std::optional(old->second) : std::nullopt,
-                       is ? std::optional(fresh->second) : std::nullopt});
+Values read_store(const char* directory, const char* pending_changes) {
+  Values values;
+  for (const fs::path& file : files_in(directory)) {
+    const std::unique_ptr<uci_context, decltype(&uci_free_context)> context(uci_alloc_context(), &uci_free_context);
+    uci_set_confdir(context.get(), directory);
+    uci_set_savedir(context.get(), pending_changes);
+    uci_package* package = nullptr;
+    if (uci_load(context.get(), file.filename().c_str(), &package) == UCI_OK) add_package(*package, values);
   }
+  return values;
 }
+
+Values read_files(const char* directory) {
+  Values values;
+  for (const fs::path& file : files_in(directory)) {
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    values[file] = text.str();
+  }
+  return values;
+}
+
+struct Store {
+  const char* name;
+  Values (*read)();
+};
+constexpr Store kStores[] = {{"store", [] { return read_store(kMainStore, kNoChanges); }},
+                             {"mirror", [] { return read_store("/tmp/cwmp-config", kNoChanges); }},
+                             {"forced mirror", [] { return read_store("/tmp/cwmp-config-force", kNoChanges); }},
+                             {"state", [] { return read_store("/tmp/tr069", kNoChanges); }},
+                             {"file", [] { return read_files("/tmp/diag"); }}};
+
+std::optional<std::string> value_at(const Values& values, const std::string& path) {
+  const auto found = values.find(path);
+  return found != values.end() ? std::optional(found->second) : std::nullopt;
+}
+
+std::set<std::string> paths_of(const Values& some, const Values& others) {
+  std::set<std::string> paths;
+  for (const Values* values : {&some, &others}) {
+    for (const auto& [path, ignored] : *values) paths.insert(path);
+  }
+  return paths;
+}
+
+// For people, without the far end of a file.
+std::string quoted(const Change& change, const std::optional<std::string>& value) {
+  constexpr std::size_t kLongest = 80;
+  if (!value) return "(none)";
+  const bool whole = change.store != "file" || value->size() <= kLongest;
+  return '"' + one_line(whole ? *value : value->substr(0, kLongest) + "...") + '"';
+}
+
+Json json_or_null(const std::optional<std::string>& value) { return value ? Json(*value) : Json(); }
 
 }  // namespace
 
-Snapshot::Snapshot() {
-  for (const Store& store : kStores) stores_.push_back(read_store(store.directory));
+Snapshot::Snapshot() : with_pending_(read_store(kMainStore, kPendingChanges)) {
+  for (const Store& store : kStores) stores_.push_back(store.read());
 }
 
-std::vector<Change> Snapshot::changes_since(const Snapshot& earlier) const {
+bool Snapshot::is_pending(const std::string& path) const {
+  return value_at(with_pending_, path) != value_at(stores_[0], path);
+}
+
+void Snapshot::add_pending(const Snapshot& earlier, std::vector<Change>& changes) const {
+  for (const std::string& path : paths_of(stores_[0], with_pending_)) {
+    const auto value = value_at(with_pending_, path);
+    const bool was_so = earlier.is_pending(path) && value_at(earlier.with_pending_, path) == value;
+    if (is_pending(path) && !was_so) changes.push_back({"pending", path, value_at(stores_[0], path), value, false});
+  }
+}
+
+std::vector<Change> Snapshot::changes_since(const Snapshot& earlier, const Snapshot& start) const {
   std::vector<Change> changes;
-  for (std::size_t i = 0; i < stores_.size(); ++i) compare(kStores[i].name, earlier.stores_[i], stores_[i], changes);
+  for (std::size_t i = 0; i < stores_.size(); ++i) {
+    for (const std::string& path : paths_of(earlier.stores_[i], stores_[i])) {
+      const auto before = value_at(earlier.stores_[i], path);
+      const auto after = value_at(stores_[i], path);
+      const bool was_pending = i == 0 && start.is_pending(path) && value_at(start.with_pending_, path) == after;
+      if (before != after) changes.push_back({kStores[i].name, path, before, after, was_pending});
+    }
+    if (i == 0) add_pending(earlier, changes);
+  }
   return changes;
+}
+
+Json tell_changes(const std::vector<Change>& changes, Output& output) {
+  Json list = Json::array();
+  for (const Change& change : changes) {
+    output.line(change.store + ": " + change.path + ": " + quoted(change, change.before) + " -> " +
+                quoted(change, change.after) + (change.was_pending ? " (was pending)" : ""));
+    list.push_back({{"store", change.store},
+                    {"path", change.path},
+                    {"before", json_or_null(change.before)},
+                    {"after", json_or_null(change.after)}});
+    if (change.was_pending) list.back()["was_pending"] = true;
+  }
+  return list;
 }
 
 }  // namespace kovadm

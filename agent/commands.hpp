@@ -1,5 +1,5 @@
-// The tool's commands. Each returns the exit status: 0, or 1 after a fault. PATH is a parameter's path with its
-// instance numbers; PREFIX the beginning of paths.
+// The tool's commands. Each returns the exit status: 0, or 1 after a fault or a failure. PATH is a parameter's path
+// with its instance numbers; PREFIX the beginning of paths.
 #pragma once
 
 #include <string>
@@ -24,9 +24,10 @@ int get(Agent& agent, const std::vector<std::string>& paths, Output& output);
 // Values of all parameters below the prefix.
 int walk(Agent& agent, const std::string& prefix, Output& output);
 
-// One set request: nothing is called unless all paths are known and writable; then the calls share one apply mask. With
-// `apply` and no value refused, does the agent's part afterwards.
-int set(Agent& agent, const std::vector<Setting>& settings, bool apply, Output& output);
+// One set request: nothing is called unless all parameters exist and are writable; what the calls raise is collected.
+// When `applying` and no value was refused, does the agent's part afterwards. At the end reads the parameters back.
+// Returns 3 when all was accepted and some of it in vain.
+int set(Agent& agent, const std::vector<Setting>& settings, bool applying, Output& output);
 
 // Gets the parameter once and tells what that did.
 int explain(Agent& agent, const std::string& path, Output& output);

@@ -45,8 +45,4 @@ std::optional<Parameter> find_parameter(std::string_view path);
 // Whether the path is that of an object, with instance numbers or placeholders where tables have them.
 bool is_object(std::string_view path);
 
-// The known path, of a parameter or (with a dot at its end) of an object, that is spelled most alike, with the instance
-// numbers of `path`; empty when none is alike.
-std::string nearest_path(std::string_view path);
-
 }  // namespace kovadm

@@ -1,4 +1,5 @@
 #include "commands.hpp"
+#include "instances.hpp"
 #include "trace.hpp"
 
 namespace kovadm {
@@ -75,10 +76,15 @@ int explain(Agent& agent, const std::string& path, Output& output) {
   std::variant<std::string, Fault> answer;
   const auto* code = reinterpret_cast<const void*>(agent.plugin().handler(parameter->row->handler));
   tell_trace(trace(code, [&] { answer = agent.get(*parameter); }), output);
-  if (const auto* value = std::get_if<std::string>(&answer)) {
+  const auto* value = std::get_if<std::string>(&answer);
+  if (value != nullptr) {
     tell("value", {*value}, output);
     output.document()["value"] = *value;
-  } else {
+  }
+  // What a handler answers for an instance that does not exist is of interest, but no value of the device's.
+  if (const auto missing = missing_instance(agent, path)) {
+    output.fault(*missing);
+  } else if (value == nullptr) {
     output.fault(std::get<Fault>(answer));
   }
   return output.finish();

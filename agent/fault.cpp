@@ -1,6 +1,7 @@
 #include "fault.hpp"
 
 #include "data_model.hpp"
+#include "nearest.hpp"
 
 namespace kovadm {
 

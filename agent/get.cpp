@@ -1,16 +1,10 @@
-#include <sys/ioctl.h>
-#include <unistd.h>
-
 #include "commands.hpp"
+#include "instances.hpp"
+#include "progress.hpp"
 #include "walk.hpp"
 
 namespace kovadm {
 namespace {
-
-int terminal_width() {
-  winsize size = {};
-  return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
-}
 
 // Reads parameters into the output.
 class Reader {
@@ -18,26 +12,29 @@ class Reader {
   Reader(Agent& agent, Output& output) : agent_(agent), output_(output) { output.document()["values"] = Json::array(); }
 
   void parameter(const std::string& path) {
-    if (const auto found = find_parameter(path)) {
-      read(*found);
-    } else {
+    const auto found = find_parameter(path);
+    if (!found) {
       output_.fault(unknown_path(path));
+    } else if (const auto missing = missing_instance(agent_, path)) {
+      output_.fault(*missing);
+    } else {
+      read(*found);
     }
   }
 
   void below(const std::string& prefix) {
-    const bool known = walk(agent_, prefix, [this](const Parameter& parameter) {
-      show_progress(parameter.path);
+    const auto fault = walk(agent_, prefix, [this](const Parameter& parameter) {
+      // Some take a while.
+      progress_.show(std::to_string(++count_) + " " + parameter.path);
       read(parameter);
     });
-    clear_progress();
-    if (!known) output_.fault(unknown_path(prefix));
+    if (fault) output_.fault(*fault);
   }
 
  private:
   void read(const Parameter& parameter) {
     const auto answer = agent_.get(parameter);
-    clear_progress();
+    progress_.clear();
     if (const auto* value = std::get_if<std::string>(&answer)) {
       output_.value(parameter.path, *value);
     } else {
@@ -45,19 +42,9 @@ class Reader {
     }
   }
 
-  // On a terminal, the parameter that is being read: some take a while.
-  void show_progress(const std::string& path) {
-    if (!on_terminal_) return;
-    const std::string line = std::to_string(++count_) + " " + path;
-    std::fprintf(stderr, "\r\033[K%.*s", terminal_width() - 1, line.c_str());
-  }
-  void clear_progress() const {
-    if (on_terminal_) std::fputs("\r\033[K", stderr);
-  }
-
   Agent& agent_;
   Output& output_;
-  bool on_terminal_ = isatty(STDERR_FILENO) == 1;
+  Progress progress_;
   int count_ = 0;
 };
 

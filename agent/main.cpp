@@ -4,7 +4,11 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
 #include <iostream>
+#include <system_error>
 
 #include "commands.hpp"
 #include "debug_switch.hpp"
@@ -56,17 +60,25 @@ void define(CLI::App& app, Arguments& arguments) {
   get->add_option("PATH", arguments.paths)->required();
   CLI::App* set = app.add_subcommand("set", "One set request, and what it raised, recorded and changed");
   set->add_option("PATH=VALUE", arguments.settings)->required();
-  set->add_flag("--apply", arguments.apply, "Do the agent's part too: run the recorded commands");
+  set->add_flag("--apply", arguments.apply, "Do the agent's part too: run the recorded commands and the services");
   CLI::App* walk = app.add_subcommand("walk", "Values of all parameters below PREFIX, instances expanded");
   walk->add_option("PREFIX", arguments.prefix, "Beginning of paths; everything when left out");
   CLI::App* explain = app.add_subcommand("explain", "What one get of PATH really does");
   explain->add_option("PATH", arguments.path)->required();
 }
 
+void need_router() {
+  if (!std::filesystem::is_directory("/etc/config"))
+    throw SetupError("this is no router, it has no /etc/config; the simulated one: lab/launch -- kovadm ...");
+}
+
 int run(const CLI::App& app, const Arguments& arguments) {
   const std::vector<Setting> settings = split_settings(arguments.settings);
   std::optional<Agent> agent;
-  if (!app.got_subcommand("list")) agent.emplace(arguments.plugin, arguments.agent_state);
+  if (!app.got_subcommand("list")) {
+    need_router();
+    agent.emplace(arguments.plugin, arguments.agent_state);
+  }
   std::optional<DebugSwitch> debug;
   if (arguments.debug) debug.emplace();
 
@@ -78,16 +90,24 @@ int run(const CLI::App& app, const Arguments& arguments) {
   return explain(*agent, arguments.path, output);
 }
 
-// A file that is opened must not become a standard stream that was closed.
+// What was written, when it was.
+void finish_standard_output() {
+  if (!std::cout.flush()) throw std::system_error(errno, std::generic_category(), "standard output");
+}
+
+// A file that is opened must not become a standard stream that was closed. What is to be told needs somewhere to go.
 void open_standard_streams() {
+  const bool told = fcntl(STDOUT_FILENO, F_GETFD) >= 0;
   int descriptor = open("/dev/null", O_RDWR);
   while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDWR);
   if (descriptor >= 0) close(descriptor);
+  if (!told) throw std::system_error(EBADF, std::generic_category(), "standard output");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) try {
+  std::signal(SIGCHLD, SIG_DFL);  // else nothing is known of a child's end
   open_standard_streams();
   CLI::App app("Reads and sets the device's data model through its plug-in", "kovadm");
   Arguments arguments;
@@ -100,7 +120,9 @@ int main(int argc, char** argv) try {
     if (!words.empty()) std::cerr << "kovadm: no command \"" << words.front() << "\"\n";
     return app.exit(error), kUsage;
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kUsage;
+    const int status = app.exit(error);
+    finish_standard_output();
+    return status == 0 ? 0 : kUsage;
   }
 } catch (const std::exception& error) {
   std::cerr << "kovadm: " << error.what() << '\n';

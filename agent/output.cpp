@@ -5,20 +5,20 @@
 
 #include <cctype>
 #include <cerrno>
+#include <sstream>
 #include <system_error>
 
 namespace kovadm {
 namespace {
 
-FILE* take_standard_output() {
-  FILE* taken = fdopen(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1), "w");
-  dup2(STDERR_FILENO, STDOUT_FILENO);
-  return taken;
+FILE* open_standard_output() {
+  FILE* opened = fdopen(fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1), "w");
+  if (opened == nullptr) throw std::system_error(errno, std::generic_category(), "standard output");
+  return opened;
 }
 
 // Shown at once: the next line may take a while.
 void put_line(FILE* file, const std::string& text) {
-  if (file == nullptr) return;
   std::fwrite(text.data(), 1, text.size(), file);
   std::fputc('\n', file);
   std::fflush(file);
@@ -63,9 +63,18 @@ std::string one_line(const std::string& text) {
 
 void Output::Closer::operator()(FILE* file) const { std::fclose(file); }
 
-Output::Output(bool json) : json_(json), file_(take_standard_output()) {}
+Output::Output(bool json) : json_(json), file_(open_standard_output()), commands_({STDOUT_FILENO}) {}
+
+void Output::take_printed() {
+  const std::string text = commands_.take();
+  printed_ += text;
+  if (json_) return;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) put_line(file_.get(), "printed: " + one_line(line));
+}
 
 void Output::line(const std::string& text) {
+  take_printed();
   if (!json_) put_line(file_.get(), text);
 }
 
@@ -79,13 +88,20 @@ void Output::fault(const Fault& fault) {
   if (!json_) put_line(stderr, to_text(fault));
 }
 
-int Output::finish() {
+void Output::failure(const std::string& text) {
+  failed_ = true;
+  if (!json_) put_line(stderr, "failed: " + one_line(text));
+}
+
+int Output::finish(int success) {
+  take_printed();
+  if (!document_.contains("printed")) document_["printed"] = printed_;
   document_["faults"] = faults_;
   // Values are bytes of the device's; what is no UTF-8 is replaced.
   if (json_) put_line(file_.get(), document_.dump(2, ' ', false, Json::error_handler_t::replace));
-  if (file_ != nullptr && (std::ferror(file_.get()) != 0 || std::fflush(file_.get()) != 0))
+  if (std::ferror(file_.get()) != 0 || std::fflush(file_.get()) != 0)
     throw std::system_error(errno, std::generic_category(), "standard output");
-  return faults_.empty() ? 0 : 1;
+  return failed_ || !faults_.empty() ? 1 : success;
 }
 
 }  // namespace kovadm

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "caught_output.hpp"
 #include "fault.hpp"
 
 namespace kovadm {
@@ -14,29 +15,37 @@ using Json = nlohmann::ordered_json;
 
 class Output {
  public:
-  // From here on standard output is this output's alone: what the handlers' commands print goes to standard error.
+  // From here on standard output is this output's alone: what the handlers' commands print there is told as "printed".
   explicit Output(bool json);
 
   // A line for the reader, without its end.
   void line(const std::string& text);
 
-  // The JSON document; "faults" is added at the end.
+  // The JSON document; "printed" and "faults" are added at the end.
   Json& document() { return document_; }
 
   void value(const std::string& path, const std::string& value);
   void fault(const Fault& fault);
 
-  // Ends the output. Returns the exit status: 0, or 1 after a fault. Throws std::system_error when standard output did
-  // not take everything.
-  int finish();
+  // What failed without being a fault of a parameter; the document tells it elsewhere.
+  void failure(const std::string& text);
+
+  // Ends the output. Returns the exit status: 1 after a fault or a failure, else `success`. Throws std::system_error
+  // when standard output did not take everything.
+  int finish(int success = 0);
 
  private:
   struct Closer {
     void operator()(FILE* file) const;
   };
 
+  void take_printed();
+
   bool json_;
+  bool failed_ = false;
   std::unique_ptr<FILE, Closer> file_;
+  CaughtOutput commands_;
+  std::string printed_;
   Json document_ = Json::object();
   Json faults_ = Json::array();
 };

@@ -1,37 +1,38 @@
+#include <algorithm>
+
+#include "apply.hpp"
 #include "apply_mask.hpp"
 #include "changes.hpp"
 #include "commands.hpp"
-#include "pkg-tool.h"
+#include "effect.hpp"
+#include "instances.hpp"
 #include "task_records.hpp"
 
 namespace kovadm {
 namespace {
+
+// The exit status of a request that was accepted, but partly in vain.
+constexpr int kInVain = 3;
 
 struct Call {
   Parameter parameter;
   std::string value;
 };
 
-std::string quoted(const std::optional<std::string>& value) {
-  return value ? '"' + one_line(*value) + '"' : std::string("(none)");
+// A request under way.
+struct Request {
+  Snapshot start;
+  TaskRecords records;
+  uint32_t mask = 0;
+  std::vector<Accepted> accepted;
+};
+
+bool stores_anything(const std::vector<Change>& changes) {
+  return std::any_of(changes.begin(), changes.end(), [](const Change& change) { return change.stores(); });
 }
 
-Json json_or_null(const std::optional<std::string>& value) { return value ? Json(*value) : Json(); }
-
-Json tell_changes(const std::vector<Change>& changes, Output& output) {
-  Json list = Json::array();
-  for (const Change& change : changes) {
-    output.line(change.store + ": " + change.path + ": " + quoted(change.before) + " -> " + quoted(change.after));
-    list.push_back({{"store", change.store},
-                    {"path", change.path},
-                    {"before", json_or_null(change.before)},
-                    {"after", json_or_null(change.after)}});
-  }
-  return list;
-}
-
-// The calls of a request of which every path is known and writable; none, and the faults told, otherwise.
-std::vector<Call> check(const std::vector<Setting>& settings, Output& output) {
+// The calls of a request of which every parameter exists and is writable; none, and the faults told, otherwise.
+std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, Output& output) {
   std::vector<Call> calls;
   for (const auto& [path, value] : settings) {
     const auto parameter = find_parameter(path);
@@ -39,6 +40,8 @@ std::vector<Call> check(const std::vector<Setting>& settings, Output& output) {
       output.fault(unknown_path(path));
     } else if (parameter->row->access == Access::READ_ONLY) {
       output.fault({FaultCode::NON_WRITABLE_PARAMETER, path, "", ""});
+    } else if (const auto missing = missing_instance(agent, path)) {
+      output.fault(*missing);
     } else {
       calls.push_back({*parameter, value});
     }
@@ -47,75 +50,62 @@ std::vector<Call> check(const std::vector<Setting>& settings, Output& output) {
   return calls;
 }
 
-// Makes the calls; those that are refused leave the others as they are. True when none was.
-bool make_calls(Agent& agent, const std::vector<Call>& calls, uint32_t& mask, Output& output) {
-  bool accepted = true;
+// Makes the calls; those that are refused leave the others as they are.
+void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, Output& output) {
+  Snapshot before = request.start;
   for (const auto& [parameter, value] : calls) {
-    const auto fault = agent.set(parameter, value, mask);
-    if (fault) {
+    uint32_t raised = 0;
+    if (const auto fault = agent.set(parameter, value, raised)) {
       output.fault(*fault);
-      accepted = false;
-    } else {
-      output.value(parameter.path, value);
+      continue;
     }
+    request.mask |= raised;
+    const Snapshot after;
+    const bool stored = stores_anything(after.changes_since(before, request.start));
+    request.accepted.push_back({parameter, value, raised, stored});
+    before = after;
   }
-  return accepted;
 }
 
-void tell_request(uint32_t mask, const std::vector<std::string>& commands, const std::vector<Change>& changes,
-                  Output& output) {
-  output.document()["mask"] = mask;
+void tell_request(const Request& request, const Snapshot& now, Output& output) {
+  output.document()["mask"] = request.mask;
   output.document()["bits"] = Json::array();
-  for (const ApplyBit& bit : raised_bits(mask)) {
+  for (const ApplyBit& bit : raised_bits(request.mask)) {
     output.line("apply: " + bit.name + " (" + hexadecimal(bit.bit) + ")");
     output.document()["bits"].push_back(bit.name);
   }
-  for (const std::string& command : commands) output.line("recorded: " + command);
-  output.document()["recorded"] = commands;
-  output.document()["changes"] = tell_changes(changes, output);
+  const std::vector<std::string> recorded = request.records.recorded_since();
+  for (const std::string& command : recorded) output.line("recorded: " + command);
+  output.document()["recorded"] = recorded;
+  output.document()["changes"] = tell_changes(now.changes_since(request.start, request.start), output);
 }
 
-Json run_commands(Output& output) {
-  Json runs = Json::array();
-  for (const std::string& command : recorded_commands()) {
-    const int status = run_recorded(command);
-    output.line("ran: " + command + " (status " + std::to_string(status) + ")");
-    runs.push_back({{"command", command}, {"status", status}});
-  }
-  empty_task_records();
-  return runs;
-}
-
-// The agent's part after a request: runs what was recorded, and tells what else it would have to do.
-void apply_mask(uint32_t mask, Output& output) {
-  output.document()["ran"] = Json::array();
-  output.document()["left"] = Json::array();
-  const Snapshot before;
-  for (const ApplyBit& bit : raised_bits(mask)) {
-    if (bit.bit == APPLY_TASK_COMMANDS) {
-      output.document()["ran"] = run_commands(output);
-    } else {
-      output.line("left: " + bit.name + ": the agent " + bit.work);
-      output.document()["left"].push_back({{"bit", bit.name}, {"work", bit.work}});
-    }
-  }
-  output.document()["applied"] = tell_changes(Snapshot().changes_since(before), output);
+// The agent's part, and what that changed.
+void apply_request(Request& request, const Snapshot& before, Output& output) {
+  apply(request.mask, output);
+  const std::vector<Change> changes = Snapshot().changes_since(before, request.start);
+  output.document()["applied"] = tell_changes(changes, output);
+  for (Accepted& setting : request.accepted) setting.stored |= setting.raised != 0 && stores_anything(changes);
 }
 
 }  // namespace
 
-int set(Agent& agent, const std::vector<Setting>& settings, bool apply, Output& output) {
-  const std::vector<Call> calls = check(settings, output);
+int set(Agent& agent, const std::vector<Setting>& settings, bool applying, Output& output) {
+  const std::vector<Call> calls = check(agent, settings, output);
   if (calls.empty()) return output.finish();
 
-  const Snapshot before;
-  const TaskRecords records;
-  uint32_t mask = 0;
   output.document()["values"] = Json::array();
-  const bool accepted = make_calls(agent, calls, mask, output);
-  tell_request(mask, records.recorded_since(), Snapshot().changes_since(before), output);
-  if (apply && accepted) apply_mask(mask, output);
-  return output.finish();
+  Request request;
+  make_calls(agent, calls, request, output);
+  const Snapshot requested;
+  tell_request(request, requested, output);
+  const bool ran = applying && request.accepted.size() == calls.size();
+  if (ran) apply_request(request, requested, output);
+
+  bool in_vain = false;
+  for (const Accepted& setting : request.accepted)
+    in_vain |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
+  return output.finish(in_vain ? kInVain : 0);
 }
 
 }  // namespace kovadm

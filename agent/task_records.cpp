@@ -1,8 +1,5 @@
 #include "task_records.hpp"
 
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -50,14 +47,6 @@ std::vector<std::string> recorded_commands() {
   add_lines(read_file(kAppended), lines);
   add_lines(read_file(kOnce), lines);
   return lines;
-}
-
-int run_recorded(const std::string& command) {
-  const std::size_t last = command.find_last_not_of(" \t");
-  const bool background = last != std::string::npos && command[last] == '&';
-  const int status = std::system((background ? command + " wait $!" : command).c_str());
-  if (status == -1) return -1;
-  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 void empty_task_records() {

@@ -27,10 +27,6 @@ class TaskRecords {
 // All lines that are recorded now, in the order in which they are run.
 std::vector<std::string> recorded_commands();
 
-// Runs a command line as the agent does, one that ends in "&" to its end. Returns its exit status, 128 and the signal's
-// number for a signal, -1 when it could not be run.
-int run_recorded(const std::string& command);
-
 void empty_task_records();
 
 }  // namespace kovadm

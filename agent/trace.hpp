@@ -1,6 +1,6 @@
 // Observes what the plug-in does during a call. The loading process comes first when the plug-in's symbols are
 // resolved: kovadm defines the services that handlers work through (popen, system, fopen, vsyslog, uci_load, ...),
-// notes what the plug-in asks of them, and passes on to the real ones.
+// notes what the plug-in asks of them, and does it.
 #pragma once
 
 #include <functional>

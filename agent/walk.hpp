@@ -2,15 +2,15 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "agent.hpp"
 
 namespace kovadm {
 
-// Calls `visit` for every parameter whose path begins with `prefix`. Instances that the prefix names are visited
-// without asking whether they exist. False when the catalogue has no such parameter.
-bool walk(Agent& agent, std::string_view prefix, const std::function<void(const Parameter&)>& visit);
+// Calls `visit` for every parameter whose path begins with `prefix`. Otherwise the fault: the catalogue has no such
+// parameter, or the prefix names an instance that the device does not have.
+std::optional<Fault> walk(Agent& agent, const std::string& prefix, const std::function<void(const Parameter&)>& visit);
 
 }  // namespace kovadm

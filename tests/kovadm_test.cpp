@@ -1,4 +1,8 @@
 // kovadm, run as its user does.
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <nlohmann/json.hpp>
 #include <regex>
@@ -33,6 +37,32 @@ struct Finished {
 Finished kovadm(const std::string& arguments) {
   const int status = run("kovadm " + arguments + " >/root/out 2>/root/error </dev/null");
   return {WEXITSTATUS(status), contents("/root/out").value_or(""), contents("/root/error").value_or("")};
+}
+
+// The parameter whose handler runs cwmp-ntp, which a test can replace.
+#define ZONE "Device.Time.LocalTimeZone"
+
+void script_is(const std::string& path, const std::string& text) {
+  write_file(path, "#!/bin/sh\n" + text + "\n");
+  run("chmod 755 " + path);
+}
+
+// What the command writes to a terminal of this kind.
+std::string on_terminal(const char* kind, const char* command) {
+  int terminal = -1;
+  const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    setenv("TERM", kind, 1);
+    execl("/bin/sh", "sh", "-c", command, nullptr);
+    _exit(127);
+  }
+  std::string text;
+  char part[4096];
+  for (ssize_t length = 0; (length = read(terminal, part, sizeof part)) > 0;)
+    text.append(part, static_cast<size_t>(length));
+  waitpid(child, nullptr, 0);
+  close(terminal);
+  return text;
 }
 
 // Paths in the order of an output's values.
@@ -144,12 +174,51 @@ TEST_F(Kovadm, FaultsCarryTheProtocolsNumbersAndTheRestIsAnswered) {
   EXPECT_EQ(get.out, "Device.Users.User.1.Username = admin\n");
   EXPECT_EQ(get.error,
             "9005 Invalid parameter name: Device.Users.User.2.Usernam\n     nearest: Device.Users.User.2.Username\n"
-            "9005 Invalid parameter name: Device.Users.User.9.Username (no such instance)\n"
+            "9005 Invalid parameter name: Device.Users.User.9.Username (no such instance: Device.Users.User has 2)\n"
             "9005 Invalid parameter name: Device.Users.User.{i}.Username ({i} stands for an instance number)\n"
             "9005 Invalid parameter name: Device.Users.User.1 (an object, not a parameter)\n");
   const json faults = kovadm("get --json Device.Users.User.9.Username").document()["faults"];
   EXPECT_EQ(faults[0]["code"], 9005);
   EXPECT_EQ(faults[0]["path"], "Device.Users.User.9.Username");
+}
+
+TEST_F(Kovadm, InstancesThatDoNotExistHaveNoValues) {
+  const std::pair<const char*, const char*> paths[] = {
+      {"InternetGatewayDevice.LANDevice.7.LANHostConfigManagement.DHCPServerEnable",  // the handler looks at no number
+       "InternetGatewayDevice.LANDevice has 1"},
+      {"InternetGatewayDevice.LANDevice.1.Hosts.Host.99.IPAddress",
+       "InternetGatewayDevice.LANDevice.1.Hosts.Host has 4"},
+      {"Device.DHCPv4.Server.Pool.0.", "Device.DHCPv4.Server.Pool has 1"},
+      {"InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection.3.Name",
+       "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection has 2"},
+  };
+  for (const auto& [path, has] : paths) {
+    const std::string fault =
+        std::string("9005 Invalid parameter name: ") + path + " (no such instance: " + has + ")\n";
+    EXPECT_EQ(kovadm(std::string("get ") + path).error, fault);
+    EXPECT_EQ(kovadm(std::string("walk ") + path).error, fault);
+  }
+  const Finished set = kovadm("set " SERVER "Username=new Device.NAT.PortMapping.99.ExternalPort=80");
+  EXPECT_EQ(set.status, 1);
+  EXPECT_EQ(config("cwmp.info.username"), "kova-cpe");
+  // A closer look shows the handler's answer all the same.
+  const Finished explained = kovadm("explain Device.LEDs.LED.77.Name");
+  EXPECT_EQ(explained.lines().back(), "value      led");
+  EXPECT_EQ(explained.status, 1);
+}
+
+TEST_F(Kovadm, KnowsWhatIsMeantWithAPath) {
+  const std::pair<const char*, const char*> paths[] = {
+      {"Device.DHCPv4.Serv.Pool.1.Enable", "Device.DHCPv4.Server.Pool.1.Enable"},
+      {"Device.Cell.Int.1.CurrentAcc", "Device.Cellular.Interface.1.CurrentAccessTechnology"},
+      {"device.deviceinfo.uptime", "Device.DeviceInfo.UpTime"},
+      {"PeriodicInformInterval", "InternetGatewayDevice.ManagementServer.PeriodicInformInterval"},
+      {"PortMapping.2.InternalClient",
+       "InternetGatewayDevice.WANDevice.{i}.WANConnectionDevice.{i}.WANIPConnection.{i}.PortMapping.2.InternalClient"},
+  };
+  for (const auto& [path, meant] : paths)
+    EXPECT_EQ(kovadm(std::string("get --json ") + path).document()["faults"][0]["nearest"], meant);
+  EXPECT_EQ(kovadm("get Xyz").error, "9005 Invalid parameter name: Xyz\n");
 }
 
 TEST_F(Kovadm, WalksEveryParameterOfTheDevice) {
@@ -190,9 +259,7 @@ TEST_F(Kovadm, WalksTheInstancesThatThereAre) {
 TEST_F(Kovadm, ASetTellsWhatItRaisedAndChanged) {
   const Finished set = kovadm("set " SERVER "PeriodicInformInterval=600 Device.UserInterface.RemoteAccess.Enable=1");
   EXPECT_EQ(set.status, 0) << set.error;
-  EXPECT_EQ(set.out, R"(InternetGatewayDevice.ManagementServer.PeriodicInformInterval = 600
-Device.UserInterface.RemoteAccess.Enable = 1
-apply: APPLY_MANAGEMENT (0x4)
+  EXPECT_EQ(set.out, R"(apply: APPLY_MANAGEMENT (0x4)
 apply: APPLY_REMOTE_ACCESS (0x200)
 store: cwmp.info.inform_interval: "3600" -> "600"
 store: filter.remoteweb.enabled: (none) -> "1"
@@ -200,6 +267,8 @@ mirror: cwmp.info: (none) -> "info"
 mirror: cwmp.info.inform_interval: (none) -> "600"
 mirror: filter.remoteweb: (none) -> "remoteweb"
 mirror: filter.remoteweb.enabled: (none) -> "1"
+InternetGatewayDevice.ManagementServer.PeriodicInformInterval = 600
+Device.UserInterface.RemoteAccess.Enable = 1
 )");
   const json document = kovadm("set --json Device.Cellular.RoamingEnabled=1").document();
   EXPECT_EQ(document["mask"], 0x2004);
@@ -222,9 +291,9 @@ TEST_F(Kovadm, ARefusedValueIsAFaultAndNothingIsApplied) {
   const Finished set = kovadm("set --apply " SERVER "EnableCWMP=maybe " LAN "IPRouters=192.168.1.2");
   EXPECT_EQ(set.status, 1);
   EXPECT_EQ(set.error, "9007 Invalid parameter value: " SERVER "EnableCWMP (refused \"maybe\")\n");
-  EXPECT_EQ(set.out, R"(InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.IPRouters = 192.168.1.2
-apply: APPLY_TASK_COMMANDS (0x1)
+  EXPECT_EQ(set.out, R"(apply: APPLY_TASK_COMMANDS (0x1)
 recorded: lua /usr/bin/tr069/verify_pms lan_ip "192.168.1.2" &
+InternetGatewayDevice.LANDevice.1.LANHostConfigManagement.IPRouters = 192.168.1.1 (deferred: asked for "192.168.1.2")
 )");
   EXPECT_EQ(config("network.lan.ipaddr"), "192.168.1.1");
 }
@@ -239,8 +308,7 @@ TEST_F(Kovadm, ApplyDoesTheAgentsPart) {
                                              "/usr/bin/tr069/cwmp-nat &"};
   EXPECT_EQ(document["recorded"], recorded);
   for (size_t i = 0; i < recorded.size(); ++i)
-    EXPECT_EQ(document["ran"][i], (json{{"command", recorded[i]}, {"status", 0}}));
-  EXPECT_EQ(document["left"], (json{{{"bit", "APPLY_MANAGEMENT"}, {"work", "reloads its own settings"}}}));
+    EXPECT_EQ(document["ran"][i], (json{{"bit", "APPLY_TASK_COMMANDS"}, {"command", recorded[i]}, {"status", 0}}));
   EXPECT_EQ(document["applied"][0]["path"], "network.lan.ipaddr");
   EXPECT_EQ(config("network.lan.ipaddr"), "192.168.1.2");
   EXPECT_EQ(config("cwmp.info.username"), "=a value=");
@@ -252,6 +320,154 @@ TEST_F(Kovadm, OnlyWhatTheRequestRecordedIsTold) {
   write_file("/tmp/tr069/cmd_record", "echo from an earlier request\n");
   const json set = kovadm("set --json " LAN "IPInterface.1.IPInterfaceSubnetMask=255.255.0.0").document();
   EXPECT_EQ(set["recorded"], json{R"(lua /usr/bin/tr069/verify_pms lan_mask "255.255.0.0" &)"});
+}
+
+TEST_F(Kovadm, ASetTellsWhatIsTrueAfterwards) {
+  const struct {
+    const char* arguments;
+    int status;
+    const char* line;  // the last one
+  } sets[] = {
+      {LAN "IPRouters=192.168.1.2", 0, LAN "IPRouters = 192.168.1.1 (deferred: asked for \"192.168.1.2\")"},
+      {"--apply " LAN "IPRouters=192.168.1.2", 0, LAN "IPRouters = 192.168.1.2"},
+      {"--apply " LAN "IPRouters=192.168.1.255", 3,
+       LAN "IPRouters = 192.168.1.2 (nothing changed: asked for \"192.168.1.255\")"},
+      {LAN "DHCPLeaseTime=3661", 0, LAN "DHCPLeaseTime = 3660 (differs: asked for \"3661\")"},
+      {"Device.Users.User.1.Password=new-secret", 0, "Device.Users.User.1.Password = (hidden)"},
+      {"Device.LEDs.Enable=0", 0, "Device.LEDs.Enable = 0"},
+  };
+  for (const auto& [arguments, status, line] : sets) {
+    const Finished set = kovadm(std::string("set ") + arguments);
+    EXPECT_EQ(set.status, status) << arguments;
+    EXPECT_EQ(set.lines().back(), line);
+  }
+  const json value = kovadm("set --json " LAN "IPRouters=192.168.1.3").document()["values"][0];
+  EXPECT_EQ(value["value"], "192.168.1.2");
+  EXPECT_EQ(value["asked"], "192.168.1.3");
+  EXPECT_EQ(value["effect"], "deferred");
+}
+
+TEST_F(Kovadm, AFullDiskIsNoSuccess) {
+  run("(trap '' XFSZ; ulimit -f 0; kovadm set " SERVER "Username=new; echo $?) 2>&1 | cat >/root/out");
+  EXPECT_EQ(contents("/root/out"),
+            "apply: APPLY_MANAGEMENT (0x4)\n" SERVER "Username = kova-cpe (nothing changed: asked for \"new\")\n3\n");
+}
+
+TEST_F(Kovadm, PendingChangesAreToldOnceAndBlamedOnNobodyElse) {
+  const std::string leds = kovadm("set Device.LEDs.Enable=0").lines()[1];
+  EXPECT_TRUE(std::regex_match(leds, std::regex(R"re(pending: system\..*\.leds: "1" -> "0")re"))) << leds;
+  EXPECT_EQ(kovadm("set Device.LEDs.Enable=0").lines().size(), 2U);
+  const json committed = kovadm("set --json Device.Time.NTPServer1=time.example").document()["changes"];
+  EXPECT_EQ(committed[0]["was_pending"], true);
+  EXPECT_FALSE(committed[1].contains("was_pending"));
+}
+
+// ---- The agent's part ----
+
+TEST_F(Kovadm, ApplyStartsTheServicesOfTheRaisedBits) {
+  const struct {
+    const char* setting;
+    const char* service;
+    const char* printed;
+  } sets[] = {
+      {SERVER "PeriodicInformInterval=60", "management",
+       "agent: talks to http://acs.example.net:7547/acs, informs it every 60 seconds"},
+      {SERVER "PeriodicInformEnable=0", "management",
+       "agent: talks to http://acs.example.net:7547/acs, without periodic informs"},
+      {"InternetGatewayDevice.X_KOVA_AppCfg.DynDnsCfg.Enable=1", "ddns",
+       "ddns: keeps home.dyndns.example up to date at dyndns.example"},
+      {"Device.UserInterface.RemoteAccess.Port=8443", "remote-access",
+       "remote access: switched off, nothing to be opened"},
+      {"Device.UserInterface.RemoteAccess.Enable=1", "remote-access", "remote access: open at port 8443"},
+      {"Device.UserInterface.RemoteAccess.Enable=0", "remote-access-off", "remote access: closed"},
+      {"Device.LEDs.Enable=0", "leds", "leds: "},
+      {"Device.Cellular.Interface.1.Enable=0", "cellular", "cellular: "},
+  };
+  for (const auto& [setting, service, printed] : sets) {
+    const Finished set = kovadm(std::string("set --apply ") + setting);
+    EXPECT_EQ(set.status, 0) << set.error;
+    EXPECT_NE(set.out.find(std::string("\nran: /usr/bin/tr069/apply/") + service + " (status 0)\n"), std::string::npos);
+    EXPECT_NE(set.out.find(std::string("\nprinted: ") + printed), std::string::npos) << set.out;
+  }
+  EXPECT_EQ(config("firewall.remoteweb.dest_port"), std::nullopt);
+  EXPECT_EQ(contents("/sys/class/leds/power/brightness").value_or("0\n"), "0\n");
+}
+
+TEST_F(Kovadm, AServiceMayChangeWhatWasSetAndTheFilesOfATest) {
+  script_is("/usr/bin/tr069/apply/leds",
+            "uci set system.@system[0].leds=2; uci commit; echo Complete >/tmp/diag/state");
+  kovadm("set Device.LEDs.Enable=0");  // the handler will have nothing to store
+  const Finished set = kovadm("set --apply Device.LEDs.Enable=0");
+  EXPECT_EQ(set.status, 0);
+  EXPECT_EQ(set.lines().back(), "Device.LEDs.Enable = 2 (differs: asked for \"0\")");
+  EXPECT_NE(set.out.find("file: /tmp/diag/state: (none) -> \"Complete\\n\"\n"), std::string::npos);
+  run("rm /usr/bin/tr069/apply/leds");
+  EXPECT_EQ(kovadm("set --apply --json Device.LEDs.Enable=0").document()["left"],
+            (json{{{"bit", "APPLY_LEDS"}, {"work", "switches the LEDs"}, {"service", "/usr/bin/tr069/apply/leds"}}}));
+}
+
+TEST_F(Kovadm, ApplyFailsWithWhatItRuns) {
+  script_is("/usr/bin/tr069/cwmp-nat", "exit 3");
+  script_is("/usr/bin/tr069/apply/leds", "kill -9 $$");
+  const Finished set = kovadm("set --apply Device.NAT.PortMapping.1.ExternalPort=81 Device.LEDs.Enable=0");
+  EXPECT_EQ(set.status, 1);
+  EXPECT_EQ(set.error,
+            "failed: /usr/bin/tr069/cwmp-nat & (status 3)\nfailed: /usr/bin/tr069/apply/leds (status 137)\n");
+  EXPECT_EQ(task_record_once(), "");
+}
+
+// ---- Commands, signals and streams ----
+
+TEST_F(Kovadm, WhatCommandsPrintIsToldAsSuch) {
+  script_is("/usr/bin/tr069/cwmp-ntp", "echo some; echo noise");
+  for (const char* arguments : {"get " ZONE, "walk " ZONE, "set Device.Time.Enable=1"}) {
+    EXPECT_TRUE(kovadm(arguments).out.starts_with("printed: some\nprinted: noise\nDevice.Time.")) << arguments;
+    EXPECT_EQ(kovadm(std::string("--json ") + arguments).document()["printed"], "some\nnoise\n") << arguments;
+  }
+}
+
+TEST_F(Kovadm, SignalsEndItAndNoFallbackIsReadInstead) {
+  const std::pair<const char*, const char*> scripts[] = {{"/usr/bin/tr069/cwmp-ntp", ZONE},  // run with system()
+                                                         {"/usr/bin/bdinfo", "Device.DeviceInfo.SerialNumber"}};
+  for (const auto& [script, parameter] : scripts) {
+    const std::string get = std::string("kovadm get ") + parameter + " >/root/out 2>/dev/null; exit $?";
+    script_is(script, "sleep 3");
+    EXPECT_EQ(WEXITSTATUS(run("timeout -s INT 1 " + get)), 128 + SIGINT);
+    EXPECT_EQ(WEXITSTATUS(run("timeout -s TERM 1 " + get)), 128 + SIGTERM);
+    // Who ends a child means its parent too.
+    script_is(script, "kill -TERM $$");
+    EXPECT_EQ(WEXITSTATUS(run(get)), 128 + SIGTERM);
+    EXPECT_EQ(contents("/root/out"), "");
+  }
+  EXPECT_EQ(
+      WEXITSTATUS(run("timeout -s TERM 1 kovadm --plugin " SIGNAL_TAKER " get Device.DeviceInfo.UpTime; exit $?")),
+      128 + SIGTERM);
+}
+
+TEST_F(Kovadm, LooksWhereItsOutputGoes) {
+  EXPECT_EQ(WEXITSTATUS(run("kovadm set " SERVER "Username=new >&- 2>/root/error")), 2);
+  EXPECT_EQ(contents("/root/error"), "kovadm: standard output: Bad file descriptor\n");
+  EXPECT_EQ(config("cwmp.info.username"), "kova-cpe");
+  EXPECT_EQ(WEXITSTATUS(run("kovadm --help >/dev/full 2>/dev/null")), 2);
+  EXPECT_NE(on_terminal("xterm", "kovadm walk Device.Users.").find("\x1b[K2 Device.Users.User.1.Username"),
+            std::string::npos);
+  EXPECT_EQ(on_terminal("dumb", "kovadm walk Device.Users.").find('\x1b'), std::string::npos);
+  script_is("/usr/bin/tr069/apply/leds", "sleep 1.5");
+  EXPECT_NE(on_terminal("xterm", "kovadm set --apply Device.LEDs.Enable=0").find("\x1b[K1 s /usr/bin/tr069/apply/leds"),
+            std::string::npos);
+}
+
+TEST_F(Kovadm, AMachineThatIsNoRouterIsToldSo) {
+  run("mv /etc/config /etc/lab/config");
+  for (const char* arguments :
+       {"get Device.DeviceInfo.UpTime", "walk", "set " SERVER "Username=new", "explain " ZONE}) {
+    const Finished refused = kovadm(arguments);
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_EQ(refused.error,
+              "kovadm: this is no router, it has no /etc/config; the simulated one: lab/launch -- kovadm ...\n");
+  }
+  EXPECT_EQ(kovadm("list").status, 0);
 }
 
 // ---- Looking closer ----
