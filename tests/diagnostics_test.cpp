@@ -338,8 +338,10 @@ class DiagnosticsRun : public DeviceTest {
   // Requests a test and has it done, as the agent does; the final state.
   static std::string result_of(parameter_handler state, const std::string& program) {
     EXPECT_EQ(set(state, "Requested").result, 0);
-    EXPECT_EQ(run("/usr/bin/tr069/apply/" + program + " 2>/dev/null"), 0);
-    return get(state).text;
+    const bool completed = run("/usr/bin/tr069/apply/" + program + " >/dev/null 2>&1") == 0;
+    const std::string text = get(state).text;
+    EXPECT_EQ(completed, text == "Complete");
+    return text;
   }
   static std::string ping(const std::string& host) {
     EXPECT_EQ(set(IPPingDiagnostics_Host, host), accepted());

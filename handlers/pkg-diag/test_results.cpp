@@ -2,8 +2,6 @@
 
 #include <string.h>
 
-#include <algorithm>
-
 #include "file.hpp"
 
 namespace kova {
@@ -31,10 +29,10 @@ int reply_keyed(Call& call, const ResultFile& results, std::string_view key, int
   if (!file) return reply_no_results(call, results);
   for (ResultLine line; file.read_line(line.span());) {
     std::string_view rest = line.view();
-    const std::string_view line_key = rest.substr(0, rest.find('='));
+    const std::string_view line_key = up_to('=', rest);
     if (line_key != key) continue;
     rest.remove_prefix(std::min(line_key.size() + 1, rest.size()));
-    return call.reply(ResultLine(rest.substr(0, rest.find('\n'))).c_str());
+    return call.reply(ResultLine(up_to('\n', rest)).c_str());
   }
   return absent(call);
 }
@@ -43,7 +41,7 @@ int reply_prefixed(Call& call, const ResultFile& results, std::string_view key) 
   File file(results.path, "r");
   if (!file) return reply_no_results(call, results);
   for (ResultLine line; file.read_line(line.span());) {
-    if (!line.view().starts_with(key)) continue;
+    if (!begins_with(key, line.view())) continue;
     return call.reply(line.view().size() > key.size() ? line.c_str() + key.size() + 1 : "");
   }
   return no_value(call);

@@ -24,7 +24,7 @@ struct Hop {
   std::string_view token(int number) const;
   std::string_view host() const { return token(tries + 2); }
   std::string_view address() const { return token(tries + 3); }
-  bool timed_out() const { return host().starts_with("Timeout"); }
+  bool timed_out() const { return begins_with("Timeout", host()); }
 };
 
 std::string_view Hop::token(int number) const {
@@ -32,7 +32,7 @@ std::string_view Hop::token(int number) const {
   std::string_view token;
   for (int i = 0; i < number; ++i) {
     rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
-    token = {rest.data(), std::min(rest.find(' '), rest.size())};
+    token = up_to(' ', rest);
     rest.remove_prefix(token.size());
   }
   return token;
@@ -53,9 +53,8 @@ int reply_hop(Call& call, int (*part)(Call&, const Hop&)) {
   if (!file) return reply_no_results(call, hops);
   Hop hop;
   if (!read_line(file, call.instance(0), hop.line)) return SUCCESS;
-  Text<128> count;
-  if (read_option(params, "count", count.span()) != SUCCESS) return FAILURE;
-  hop.tries = std::min(leading_integer(count.c_str()), kMostTries);
+  if (uci_raw_extract_value(params.package, params.name, "count", call.output()) != 0) return FAILURE;
+  hop.tries = std::min(leading_integer(call.output()), kMostTries);
   return part(call, hop);
 }
 
