@@ -101,10 +101,10 @@ int pclose(FILE* pipe) {
 // The event loop of the platform's bus library would have these for itself. kovadm's own calls of signal() do not come
 // through here.
 int sigaction(int signal, const struct sigaction* action, struct sigaction* before) noexcept {
-
+  static constexpr int kKept[] = {SIGCHLD, SIGINT, SIGPIPE, SIGTERM};
   REAL(sigaction);
-  
-  return real(signal, action, before);
+  const bool kept = std::find(std::begin(kKept), std::end(kKept), signal) != std::end(kKept);
+  return real(signal, kept ? nullptr : action, before);
 }
 }
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)

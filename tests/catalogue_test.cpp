@@ -59,7 +59,8 @@ std::optional<std::string> accepted_value(parameter_handler handler) {
   const DeviceState before;
   std::optional<std::string> found;
   for (const char* value : {"1", "0", "192.168.1.100", "100", "1400", "static", "tcp", "text of eight and more",
-                            "20MHz", "None", "AESEncryption", "PSKAuthentication", "12345678", "bgn", "Requested"}) {
+                            "20MHz", "None", "AESEncryption", "PSKAuthentication", "12345678", "bgn", "Requested",
+                            "custom", "iptv", "Device.IP.Interface.2."}) {
     if (!found && set(handler, value, kFirstRow).result == 0) found = value;
   }
   before.restore();
@@ -84,6 +85,7 @@ class Catalogue : public TableTest {
     for (const char* interface : {"network.interface.wan", "network.interface.4g"})
       status(interface, R"({"up": true, "uptime": 7, "device": "eth0", "l3_device": "eth0"})").put();
     configure("wireless.wlan02.encryption", "psk2");
+    configure("network.wan.proto", "static");
     write_file("/tmp/tr069/check", "config result 'result'\n\toption set_result '1'\n");
     write_file("/tmp/tr069/hosts", "config host '1'\n\toption ip '192.168.1.10'\n");
   }

@@ -39,7 +39,7 @@ TEST_F(Ethernet, Links) {
                {lower(3), as_is, "Device.Ethernet.Interface.3"},
                {lower(4), as_is, kNothing},
                {lower(0), as_is, kNothing},
-               {mac(1), as_is, "02:a4:f1:00:00:02"},
+               {mac(1), option("network.wan.proto", "pppoe"), "02:a4:f1:00:00:02"},  // not that of the PPP link
                {mac(1), option("network.wan.proto", "none"), none},
                {mac(2), as_is, "02:a4:f1:00:00:01"},
                {mac(2), status("network.interface.lan", R"({"device": ""})"), none},

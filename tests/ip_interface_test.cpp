@@ -307,7 +307,7 @@ TEST_F(IpInterface, OtherInterfacesHaveTheAddressOfTheirObject) {
                {At{ADDRESS(Status), {3, 1}}, as_is, "Enabled"},
                {At{ADDRESS(Status), {3, 1}}, off, "Disabled"},
                {At{ADDRESS(IPAddress), {3, 1}}, as_is, "198.51.100.20"},
-               {At{ADDRESS(SubnetMask), {3, 1}}, off, "0.0.0.0"},
+               {At{ADDRESS(SubnetMask), {3, 1}}, as_is, "255.255.255.0"},
                {At{ADDRESS(AddressingType), {3, 1}}, as_is, "DHCP"}});
   for (const parameter_handler handler :
        {ADDRESS(Enable), ADDRESS(Status), ADDRESS(IPAddress), ADDRESS(SubnetMask), ADDRESS(AddressingType)})

@@ -497,8 +497,8 @@ TEST_F(WirelessRadio, StandardsAreThoseOfItsBand) {
 TEST_F(WirelessRadio, HasFixedPropertiesAndAWidthInUse) {
   for (const auto& [number, network, band] : {std::tuple{1, "wlan00", "2.4GHz"}, {2, "wlan10", "5GHz"}}) {
     const auto at = [n = number](parameter_handler handler) { return At{handler, {n, 0}}; };
-    const std::string query = std::string("ubus call wireless status '{\"iface\":\"") + network +
-                              "\"}' | grep htbw | tr '\"' ' ' | awk '{print $3}'";
+    const std::string query = std::string(R"(ubus call wireless status '{"iface":")") + network +
+                              R"("}' | grep htbw | tr '"' ' ' | awk '{print $3}')";
     expect_gets({{at(RADIO(Enable)), as_is, "1"},
                  {at(RADIO(Status)), as_is, "Up"},
                  {at(RADIO(SupportedFrequencyBands)), as_is, band},

@@ -19,6 +19,8 @@ TEST_F(NeighbourScan, IsAskedForThroughItsStateFile) {
                {SCAN(DiagnosticsState), file(kState, ""), "None"},
                {SCAN(DiagnosticsState), file(kState, "Complete\nmore"), "Complete\n"},
                {SCAN(DiagnosticsState), file(kState, std::string(150, 's')), std::string(99, 's')}});
+  get(SCAN(DiagnosticsState));
+  EXPECT_TRUE(seams().syslog.back().starts_with("pkg-wl.c, "));
   const Effects asked = {writes(kState, "Requested")};
   expect_sets({{SCAN(DiagnosticsState), "Requested", accepted(0x80000), asked},
                {SCAN(DiagnosticsState), "Requested", accepted(0x80000), asked, file(kState, "Complete, and more")},
