@@ -1,5 +1,6 @@
 /* Every family of parameters. No guard: a catalogue includes this list a second time, for its rows. */
-/* clang-format off: the order in which a walk shows them */
+/* In the order in which a walk shows them. */
+/* clang-format off */
 #include "pkg-dev/pkg-dev.h"
 #include "pkg-mgmt/pkg-mgmt.h"
 #include "pkg-lan/pkg-lan.h"
