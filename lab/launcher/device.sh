@@ -18,8 +18,8 @@ choose_device() {
   local place places entry
   [[ -z $ephemeral ]] || return 0
   device=$(realpath -m "${device:-$build/lab/device}")
-  mapfile -t places < <(realpath -m /{bin,boot,dev,etc,home,lib,lib64,media,mnt,opt,proc,root,run,sbin,srv,sys,tmp,usr,var} \
-    "${HOME:-/root}" "$repository" "$build")
+  places=(/{bin,boot,dev,etc,home,lib,lib64,media,mnt,opt,proc,root,run,sbin,srv,sys,tmp,usr,var})
+  mapfile -t places < <(realpath -m "${places[@]}" "${HOME:-/root}" "$repository" "$build")
   for place in "${places[@]}"; do
     ! is_around "$device" "$place" ||
       fail "$device is no place for a router; name an empty or a new directory"
@@ -70,7 +70,7 @@ set_up_device() {
   mkdir -p "$around" 2>/dev/null || fail "cannot make $around"
   [[ -r $around ]] || fail "cannot read $around"
   exec {setting_up}<"$around"
-  flock -w 60 "$setting_up" || fail "another launch does not come to an end with setting up a router in $around"
+  flock -w 60 "$setting_up" || fail "another launch keeps setting up a router in $around"
   if is_router "$device"; then
     [[ -w $device ]] || fail "cannot write in $device"
     exec {in_use}<"$device"
