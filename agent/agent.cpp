@@ -58,7 +58,7 @@ std::vector<int32_t> instance_array(const Parameter& parameter) {
 std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
   parameter_handler handler = plugin_.handler(parameter.row->handler);
   if (handler == nullptr) return missing_handler(plugin_, parameter);
-  const std::vector<int32_t> instances = instance_array(parameter);
+  std::vector<int32_t> instances = instance_array(parameter);  // which a handler may rewrite
   ValueBuffer output;
   if (call(handler, kGet, instances.data(), output.data(), record_.get()) != 0)
     return Fault{FaultCode::INTERNAL_ERROR, parameter.path, "the handler failed", ""};
@@ -68,7 +68,7 @@ std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
 std::optional<Fault> Agent::set(const Parameter& parameter, const std::string& value, uint32_t& mask) {
   parameter_handler handler = plugin_.handler(parameter.row->handler);
   if (handler == nullptr) return missing_handler(plugin_, parameter);
-  const std::vector<int32_t> instances = instance_array(parameter);
+  std::vector<int32_t> instances = instance_array(parameter);  // which a handler may rewrite
   if (call(handler, kSet, instances.data(), value.c_str(), &mask) == 0) return std::nullopt;
   return Fault{FaultCode::INVALID_PARAMETER_VALUE, parameter.path, "refused \"" + value + '"', ""};
 }

@@ -4,7 +4,6 @@
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
-#include <string.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -20,7 +19,7 @@ inline void copy_text(std::span<char> target, std::string_view source) {
   if (target.empty()) return;
   // Not source.copy(), whose failure is a function of the C++ run-time library.
   const std::size_t length = std::min(source.size(), target.size() - 1);
-  memcpy(target.data(), source.data(), length);
+  std::copy_n(source.data(), length, target.data());
   target[length] = '\0';
 }
 

@@ -24,7 +24,8 @@ int32_t call(parameter_handler function, int32_t operation, ...) {
 Answer get(parameter_handler handler, agent_state& agent, const Instances& instances) {
   std::string output(65536, '\0');
   kUntouched.copy(output.data(), kUntouched.size());
-  const int32_t result = call(handler, 0, instances.data(), output.data(), &agent);
+  Instances numbers = instances;  // which some handlers rewrite
+  const int32_t result = call(handler, 0, numbers.data(), output.data(), &agent);
   output.resize(std::strlen(output.data()));
   return {result, output};
 }
@@ -36,7 +37,8 @@ Answer get(parameter_handler handler, const Instances& instances) {
 
 Outcome set(parameter_handler handler, const std::string& value, const Instances& instances) {
   uint32_t mask = 0;
-  const int32_t result = call(handler, 1, instances.data(), value.c_str(), &mask);
+  Instances numbers = instances;
+  const int32_t result = call(handler, 1, numbers.data(), value.c_str(), &mask);
   return {result, mask};
 }
 
