@@ -3,6 +3,7 @@
 
 namespaces=(
   --unshare-all --die-with-parent --hostname router --uid 0 --gid 0 --cap-add CAP_NET_ADMIN --cap-add CAP_NET_RAW
+  --cap-add CAP_SETFCAP # for an ordinary user, without which the internet's hosts have no root of their own
   --proc /proc --dev /dev
 )
 

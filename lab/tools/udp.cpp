@@ -15,12 +15,12 @@
 namespace {
 
 constexpr size_t kLargest = 65507;  // what a datagram can carry
-constexpr int kPatience = 1000;     // milliseconds
+constexpr int kPatience = 3000;     // milliseconds
 
 int usage() {
   fputs(
       "usage: udp ask ADDRESS PORT TEXT\n"
-      "         sends the text and prints the reply; exit status 1 when none comes within a second\n"
+      "         sends the text and prints the reply; exit status 1 when none comes within three seconds\n"
       "       udp serve ADDRESS PORT SOURCE PROGRAM [ARG...]\n"
       "         for each datagram that comes from the address SOURCE, or from any for 0.0.0.0, sends back what the\n"
       "         program makes of it; a program that prints nothing sends nothing\n",
