@@ -68,7 +68,8 @@ class Library {
     for (size_t offset = sizeof(Elf64_Sym); offset < section.sh_size; offset += sizeof(Elf64_Sym)) {
       const auto symbol = at<Elf64_Sym>(section.sh_offset + offset);
       const bool weak = ELF64_ST_BIND(symbol.st_info) == STB_WEAK;
-      if (symbol.st_shndx != SHN_UNDEF) visible.insert(name(names, symbol.st_name));
+      const bool local = ELF64_ST_BIND(symbol.st_info) == STB_LOCAL;  // a section's, on Arm
+      if (symbol.st_shndx != SHN_UNDEF && !local) visible.insert(name(names, symbol.st_name));
       if (symbol.st_shndx == SHN_UNDEF && !weak) undefined.insert(name(names, symbol.st_name));
     }
   }
