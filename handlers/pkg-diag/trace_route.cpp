@@ -76,11 +76,12 @@ int host_address(Call& call, const Hop& hop) {
 int error_code(Call& call, const Hop& hop) { return call.reply(hop.timed_out() ? "1" : "0"); }
 
 int times(Call& call, const Hop& hop) {
-  Text<ResultLine::capacity() + 4> times;
+  using Times = Text<ResultLine::capacity() + 4>;
+  Times times;
   for (int number = 2; number < hop.tries + 2; ++number) {
     const ResultLine time(hop.token(number));
     if (time.empty()) break;
-    const Text<times.capacity()> before = times;
+    const Times before = times;
     times.print("%s%s,", before.c_str(), time.c_str());
   }
   constexpr LogMessage kTimes = "%s\n";
