@@ -1,6 +1,8 @@
 // Network interfaces as the network daemon sees them: words for parameters that report a link's state.
 #pragma once
 
+#include <strings.h>
+
 #include "parameter.hpp"
 #include "text.hpp"
 
@@ -22,6 +24,10 @@ Text<Size> device_status(const char* device, bus_status_query query) {
     return {};
   return status;
 }
+
+// Prints "UP" for a kernel interface that is up, whose name takes the place of "%s".
+inline constexpr char kUpCommand[] = "ifconfig %s | sed '1d' | grep UP | awk '{print $1}'";
+inline bool is_up(const char* printed) { return strcasecmp(printed, "UP") == 0; }
 
 // Replies the MAC address of a network device; "0:0:0:0:0:0" when there is no device or the bus has no answer.
 int reply_device_mac(Call& call, const char* device);

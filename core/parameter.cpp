@@ -75,6 +75,13 @@ int refuse(Call& call, const LogMessage& message) {
   return FAILURE;
 }
 
+bool is_address(const Call& call) {
+  if (checkValidIP(call.value()) == 1) return true;
+  constexpr LogMessage kMalformed = "mal format ip\n";
+  kMalformed.print(call.origin());
+  return false;
+}
+
 int run_verify(Call& call, const VerifyCommand& command, const LogMessage& failure) {
   return command.run() == SUCCESS ? SUCCESS : refuse(call, failure);
 }

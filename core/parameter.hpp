@@ -97,6 +97,7 @@ int reply_first_line(Call& call, const char* command, const LogMessage& failure)
 int store_option(Call& call, Section section, const char* option, uint32_t bits, const LogMessage& failure);
 int reply_or(Call& call, const char* text, const char* fallback);  // the fallback for an empty text
 int refuse(Call& call, const LogMessage& message);
+bool is_address(const Call& call);  // the value, an IPv4 address; logged when it is none
 int run_verify(Call& call, const VerifyCommand& command, const LogMessage& failure);
 int record_verify(Call& call, const VerifyCommand& command, const LogMessage& failure);
 

@@ -182,6 +182,11 @@ int read_option(Section section, const char* option, std::span<char> value) {
   return kSuccess;
 }
 
+bool option_is(Section section, const char* option, const char* value) {
+  Text<64> stored;
+  return read_option(section, option, stored.span()) == kSuccess && stored == value;
+}
+
 int read_state_option(Section section, const char* option, std::span<char> value) {
   const ConfigContext context;
   if (!context) {

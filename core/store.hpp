@@ -20,7 +20,10 @@ struct Section {
 // Reads an option of /etc/config into a bounded text, cut to what fits. 0, or -1 (logged) with `value` untouched.
 int read_option(Section section, const char* option, std::span<char> value);
 
-// The same for the state files below /tmp/tr069.
+// Whether an option of /etc/config can be read and is exactly this value, of at most 62 characters.
+bool option_is(Section section, const char* option, const char* value);
+
+// The same as read_option for the state files below /tmp/tr069.
 int read_state_option(Section section, const char* option, std::span<char> value);
 
 // Owns a libuci context and with it every package loaded there.

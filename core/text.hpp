@@ -23,6 +23,14 @@ inline void copy_text(std::span<char> target, std::string_view source) {
   target[length] = '\0';
 }
 
+// substr() and starts_with(), but for their failure, which is a function of the C++ run-time library.
+inline std::string_view up_to(char end, std::string_view text) {
+  return {text.data(), std::min(text.find(end), text.size())};
+}
+inline bool begins_with(std::string_view beginning, std::string_view text) {
+  return text.size() >= beginning.size() && std::string_view(text.data(), beginning.size()) == beginning;
+}
+
 // The integer that a text begins with, 0 without one. As atoi, but one that does not fit has its low bits, everywhere.
 inline int leading_integer(const char* text) { return static_cast<int>(strtol(text, nullptr, 10)); }
 

@@ -73,9 +73,8 @@ int reply_name(Call& call, const char* port) { return call.reply(port); }
 
 int reply_status(Call& call, const char* port) {
   Text<Members::capacity() + 64> command;
-  command.print("ifconfig %s | sed '1d' | grep UP | awk '{print $1}'", port);
-  const bool up = strcasecmp(printed_line<100>(command.c_str()).c_str(), "UP") == 0;
-  return call.reply(up ? "Up" : "Down");
+  command.print(kUpCommand, port);
+  return call.reply(is_up(printed_line<100>(command.c_str()).c_str()) ? "Up" : "Down");
 }
 
 // The number of the Wi-Fi network that has this interface; -1 when none has.

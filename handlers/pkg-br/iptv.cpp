@@ -14,10 +14,7 @@ bool is_text(const char* text, const char* wanted) { return strcasecmp(text, wan
 
 // ---- The service VLANs ----
 
-int reply_is_one(Call& call, const char* option) {
-  Text<4> value;
-  return call.reply(read_option(iptv, option, value.span()) == SUCCESS && value == "1" ? "1" : "0");
-}
+int reply_is_one(Call& call, const char* option) { return call.reply(option_is(iptv, option, "1") ? "1" : "0"); }
 
 int set_enabled(Call& call) {
   if (!call.value_is("0") && !call.value_is("1")) {

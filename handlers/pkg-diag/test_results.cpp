@@ -7,9 +7,7 @@
 namespace kova {
 
 bool LeadingNumber::begins(const char* text) const {
-  if (strlen(text) > longest_text) return false;
-  const int number = leading_integer(text);
-  return number >= from && number <= to;
+  return strlen(text) <= longest_text && number_between(text, from, to);
 }
 
 int no_value(Call& call) { return call.reply(""); }

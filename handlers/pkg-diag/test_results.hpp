@@ -2,7 +2,6 @@
 // test leaves its results.
 #pragma once
 
-#include <algorithm>
 #include <string_view>
 
 #include "diagnostics.hpp"
@@ -23,14 +22,6 @@ struct ResultFile {
   LogMessage missing;
   const char* fallback;
 };
-
-// substr() and starts_with(), but for their failure, which is a function of the C++ run-time library.
-inline std::string_view up_to(char end, std::string_view text) {
-  return {text.data(), std::min(text.find(end), text.size())};
-}
-inline bool begins_with(std::string_view beginning, std::string_view text) {
-  return text.size() >= beginning.size() && std::string_view(text.data(), beginning.size()) == beginning;
-}
 
 // What validityCheck takes for a number.
 enum Digits { ANY_DIGITS = 1, AT_MOST_SIX_DIGITS = 2, FROM_1_TO_65535 = 3 };

@@ -7,8 +7,7 @@ namespace {
 using namespace kova;
 
 int set_source(Call& call) {
-  if (checkValidIP(call.value()) != 1) return refuse(call, "mal format ip\n");
-  return store_option(call, params, "udpecho_sourceIPAddress", APPLY_UDP_ECHO, {});
+  return is_address(call) ? store_option(call, params, "udpecho_sourceIPAddress", APPLY_UDP_ECHO, {}) : FAILURE;
 }
 
 }  // namespace

@@ -17,11 +17,7 @@ using Address = Text<33>;
 // ---- On or off ----
 
 constexpr auto on_or_off(const char* on, const char* off) {
-  return [=](Call& call) {
-    Text<4> ignore;
-    const bool ignored = read_option(dhcp, "ignore", ignore.span()) == SUCCESS && ignore == "1";
-    return call.reply(ignored ? off : on);
-  };
+  return [=](Call& call) { return call.reply(option_is(dhcp, "ignore", "1") ? off : on); };
 }
 
 // ---- Pool ----
@@ -46,12 +42,6 @@ int last_address(Call& call) {
 int set_range(Call& call, Address first, Address last, const char* key, const LogMessage& failure) {
   if (dhcp_calc_pool_range(first.data(), last.data()) != 0) return refuse(call, failure);
   return run_verify(call, {R"(%s %s "%s" "%s")", key, first.c_str(), last.c_str()}, failure);
-}
-
-bool is_address(const Call& call) {
-  if (checkValidIP(call.value()) == 1) return true;
-  LOG("mal format ip\n");
-  return false;
 }
 
 int set_first_address(Call& call) {

@@ -19,11 +19,7 @@ constexpr auto required(const char* option, LogMessage failure) {
 }
 
 int set_later(Call& call, const char* key) {
-  if (checkValidIP(call.value()) != 1) {
-    LOG("mal format ip\n");
-    return FAILURE;
-  }
-  return record_verify(call, {kVerifyQuotedInBackground, key, call.value()}, {});
+  return is_address(call) ? record_verify(call, {kVerifyQuotedInBackground, key, call.value()}, {}) : FAILURE;
 }
 
 // A mask is checked as an address is: for its form only.

@@ -16,9 +16,7 @@ int reply_answer(Call& call, const char* command, const LogMessage& nothing) {
 }
 
 int reply_by_option(Call& call, const char* option, const char* value, const char* then, const char* otherwise) {
-  Text<8> stored;
-  const bool equal = read_option(mobile, option, stored.span()) == SUCCESS && stored == value;
-  return call.reply(equal ? then : otherwise);
+  return call.reply(option_is(mobile, option, value) ? then : otherwise);
 }
 
 int apply_switch(Call& call, const char* option, const char* off, const char* on, const LogMessage& failure) {

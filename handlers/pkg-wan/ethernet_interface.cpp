@@ -1,6 +1,4 @@
 // Ethernet.Interface: the kernel device that each network interface is configured on.
-#include <strings.h>
-
 #include "command.hpp"
 #include "interfaces.hpp"
 #include "link.hpp"
@@ -32,8 +30,7 @@ Output ask(const char* form, const NetworkInterface& interface) {
 int status(Call& call) {
   const NetworkInterface* interface = interface_of(call);
   if (interface == nullptr) return FAILURE;
-  const Output flag = ask("ifconfig %s | sed '1d' | grep UP | awk '{print $1}'", *interface);
-  return call.reply(strcasecmp(flag.c_str(), "UP") == 0 ? "Up" : "Down");
+  return call.reply(is_up(ask(kUpCommand, *interface).c_str()) ? "Up" : "Down");
 }
 
 int name(Call& call) {

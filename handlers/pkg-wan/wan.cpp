@@ -18,12 +18,7 @@ int live_dns_servers(Call& call) {
   return SUCCESS;
 }
 
-const char* address_value(const Call& call) {
-  if (checkValidIP(call.value()) == 1) return call.value();
-  static constexpr LogMessage kMalformed = "mal format ip\n";
-  kMalformed.print(call.origin());
-  return nullptr;
-}
+const char* address_value(const Call& call) { return is_address(call) ? call.value() : nullptr; }
 
 int write_at_once(const char* form, const uci_section* row, const char* option, const char* value) {
   if (row == nullptr) return SUCCESS;

@@ -1,7 +1,8 @@
 #include "network.hpp"
 
 #include <string.h>
-#include <strings.h>
+
+#include "link.hpp"
 
 namespace kova {
 namespace {
@@ -59,9 +60,8 @@ int set_advertised(Call& call, const Network& network) {
 
 int reply_status(Call& call, const Network& network) {
   Text<100> flag;
-  if (ask_interface(network, "ifconfig %s | sed '1d' | grep UP | awk '{print $1}'", flag.span()) != SUCCESS)
-    return FAILURE;
-  return call.reply(strcasecmp(flag.c_str(), "UP") == 0 ? "Up" : "Disabled");
+  if (ask_interface(network, kUpCommand, flag.span()) != SUCCESS) return FAILURE;
+  return call.reply(is_up(flag.c_str()) ? "Up" : "Disabled");
 }
 
 int reply_counter(Call& call, const Network& network, interface_counter counter) {

@@ -61,15 +61,10 @@ bool renamed_to_radio(const Call& call, const Network& network) {
 }
 
 int32_t by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra) {
-  const Call call(operation, arguments, HERE);
+  Call call(operation, arguments, HERE);
   const Network* network = access_point_network(call);
   if (network == nullptr) return FAILURE;
-  const parameter_handler target = renamed_to_radio(call, *network) ? extra : main;
-  va_list copy;
-  va_copy(copy, arguments);
-  const int32_t result = target(operation, copy);
-  va_end(copy);
-  return result;
+  return call.forward(renamed_to_radio(call, *network) ? extra : main);
 }
 
 int32_t status_by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra,
@@ -77,11 +72,6 @@ int32_t status_by_network(int32_t operation, va_list arguments, parameter_handle
   Call call(operation, arguments, HERE);
   if (!call.is_get() || by_network(operation, arguments, main, extra) != SUCCESS) return FAILURE;
   return strcmp(call.output(), theirs) == 0 ? call.reply(ours) : SUCCESS;
-}
-
-bool option_is(Section section, const char* option, const char* value) {
-  Text<32> stored;
-  return read_option(section, option, stored.span()) == SUCCESS && stored == value;
 }
 
 int read_ax(const Radio& radio, bool& has_ax) {

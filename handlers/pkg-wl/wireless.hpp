@@ -67,8 +67,6 @@ int32_t status_by_network(int32_t operation, va_list arguments, parameter_handle
 
 // ---- What the words do ----
 
-bool option_is(Section section, const char* option, const char* value);
-
 // Whether the radio's hardware has the standard ax. FAILURE, `has_ax` untouched, when it cannot be read.
 int read_ax(const Radio& radio, bool& has_ax);
 
