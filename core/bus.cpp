@@ -40,16 +40,20 @@ class BusConnection {
 // A message under construction.
 class Message {
  public:
-  Message() { blob_buf_init(&buffer_, 0); }
+  Message() : complete_(blob_buf_init(&buffer_, 0) == 0) {}
   ~Message() { blob_buf_free(&buffer_); }
   Message(const Message&) = delete;
   Message& operator=(const Message&) = delete;
 
-  void add(const char* name, const char* value) { blobmsg_add_string(&buffer_, name, value); }
+  void add(const char* name, const char* value) {
+    complete_ = complete_ && blobmsg_add_string(&buffer_, name, value) == 0;
+  }
+  explicit operator bool() const { return complete_; }  // without memory it is not
   blob_attr* get() const { return buffer_.head; }
 
  private:
   blob_buf buffer_ = {};
+  bool complete_;
 };
 
 // What a caller wants from a reply, and where it goes.
@@ -247,6 +251,7 @@ int32_t netif_get_device_status(const char* name, uint32_t query, char* output, 
   if (name == nullptr || output == nullptr || length <= 0) return -1;
   Message message;
   message.add("name", name);
+  if (!message) return -1;
   StatusQuery wanted = make_query(query, output, length);
   return ubus_call("network.device", "status", message.get(), on_device_status, &wanted, kTimeout);
 }

@@ -1,6 +1,7 @@
 #include "command.hpp"
 
 #include <errno.h>
+#include <signal.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/wait.h>
@@ -10,6 +11,35 @@
 #include "text.hpp"
 
 namespace kova {
+namespace {
+
+// For its lifetime, children have an exit status that can be waited for.
+class ExitStatuses {
+ public:
+  ExitStatuses() {
+    sigaction(SIGCHLD, nullptr, &before_);
+    if (ignored()) signal(SIGCHLD, SIG_DFL);
+  }
+  ~ExitStatuses() {
+    if (!ignored()) return;
+    sigaction(SIGCHLD, &before_, nullptr);
+    while (waitpid(-1, nullptr, WNOHANG) > 0) continue;  // the agent's own, of which it wants nothing left
+  }
+  ExitStatuses(const ExitStatuses&) = delete;
+  ExitStatuses& operator=(const ExitStatuses&) = delete;
+
+ private:
+  bool ignored() const { return before_.sa_handler == SIG_IGN || (before_.sa_flags & SA_NOCLDWAIT) != 0; }
+
+  struct sigaction before_ = {};
+};
+
+}  // namespace
+
+int run_shell(const char* command) {
+  const ExitStatuses statuses;
+  return system(command);
+}
 
 void remove_newline(std::span<char> line) {
   const size_t length = strlen(line.data());
@@ -49,7 +79,7 @@ int32_t util_exec(const char* command, char* output, int32_t length) {
 }
 
 int32_t cwmp_system(const char* command) {
-  const int status = system(command);
+  const int status = run_shell(command);
   if (status == -1) {
     LOG("[ERR]system ret -1\n");
     return -1;

@@ -5,6 +5,7 @@
 
 #include <span>
 
+#include "file.hpp"
 #include "text.hpp"
 
 namespace kova {
@@ -21,12 +22,14 @@ class CommandOutput {
 
   explicit operator bool() const { return pipe_ != nullptr; }
 
-  // The next line, with its newline where it fits; false at the end, with `line` untouched.
-  bool read_line(std::span<char> line) { return fgets(line.data(), static_cast<int>(line.size()), pipe_) != nullptr; }
+  bool read_line(std::span<char> line) { return kova::read_line(pipe_, line); }
 
  private:
   FILE* pipe_;
 };
+
+// Runs a command as system() does, and has its exit status even where the agent ignores how its children end.
+int run_shell(const char* command);
 
 // Removes one trailing newline.
 void remove_newline(std::span<char> line);

@@ -7,6 +7,10 @@
 
 namespace kova {
 
+// Reads the next line, with its newline where it fits; false at the end and for one that cannot be read. At the end,
+// `line` is as it was. Where a signal interrupts, reading goes on.
+bool read_line(FILE* file, std::span<char> line);
+
 // Owns an open file; closed with the scope.
 class File {
  public:
@@ -19,8 +23,7 @@ class File {
 
   explicit operator bool() const { return file_ != nullptr; }
 
-  // The next line, with its newline where it fits; false at the end, with `line` untouched.
-  bool read_line(std::span<char> line) { return fgets(line.data(), static_cast<int>(line.size()), file_) != nullptr; }
+  bool read_line(std::span<char> line) { return kova::read_line(file_, line); }
 
   // Writes a text and closes the file. True when all of it was taken.
   bool write_and_close(const char* text) {

@@ -8,8 +8,10 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 #include <iterator>
 
+#include "room.hpp"
 #include "text.hpp"
 
 namespace kova {
@@ -22,6 +24,7 @@ constexpr char kMainDirectory[] = "/etc/config";
 constexpr char kRevertDirectory[] = "/var/state";
 constexpr char kStateDirectory[] = "/tmp/tr069";
 constexpr char kProfileDirectory[] = "/etc/profile.d";
+constexpr char kMirrorParent[] = "/tmp";
 constexpr char kMirrorDirectory[] = "/tmp/cwmp-config";
 constexpr char kForcedMirrorDirectory[] = "/tmp/cwmp-config-force";
 
@@ -30,17 +33,50 @@ constexpr const char* kForcedKeys[] = {"network.vlan.enable", "network.vlan", "w
 
 using ElementName = Text<512>;
 
-bool is_forced(const char* path) {
-  return std::any_of(std::begin(kForcedKeys), std::end(kForcedKeys),
-                     [path](const char* key) { return strcmp(path, key) == 0; });
-}
-
 const char* string_value(const uci_option* option) {
   return option != nullptr && option->type == UCI_TYPE_STRING ? option->v.string : nullptr;
 }
 
 // The agent's output buffers come without a size and are large enough by agreement.
 std::span<char> unbounded(char* output) { return {output, SIZE_MAX - reinterpret_cast<uintptr_t>(output)}; }
+
+// A name that stands for itself in a path of libuci's.
+bool is_plain(const char* name) { return name != nullptr && strpbrk(name, ".=") == nullptr; }
+
+// A change of one option, as an exported function was asked for it.
+struct Change {
+  const char* package;
+  const char* section;
+  const char* option;
+  const char* value;
+
+  // Whether all of it is given, by plain names.
+  bool is_valid() const { return is_plain(package) && is_plain(section) && is_plain(option) && value != nullptr; }
+};
+
+// Joins names to a path; false when they do not fit.
+bool join(std::span<char> path, char separator, std::initializer_list<const char*> names) {
+  size_t used = 0;
+  for (const char* name : names) {
+    const size_t length = strlen(name);
+    if (used + length + 1 > path.size()) {
+      path.back() = '\0';
+      return false;
+    }
+    memcpy(&path[used], name, length);
+    used += length + 1;
+    path[used - 1] = separator;
+  }
+  path[used - 1] = '\0';
+  return true;
+}
+
+bool is_forced(const Change& change) {
+  Text<128> path;
+  if (!change.is_valid()) return false;
+  join(path.span(), '.', {change.package, change.section, change.option});
+  return std::any_of(std::begin(kForcedKeys), std::end(kForcedKeys), [&](const char* key) { return path == key; });
+}
 
 // Sets the element that `path` names, as libuci sees it: with a value of any length.
 int set_element(uci_context* context, ElementName path, const char* value) {
@@ -51,31 +87,33 @@ int set_element(uci_context* context, ElementName path, const char* value) {
   return uci_set(context, &element);
 }
 
-int set_option(uci_context* context, const char* package, const char* section, const char* option, const char* value) {
+int set_option(uci_context* context, const Change& change) {
   ElementName path;
-  if (!path.print("%s.%s.%s", package, section, option)) return UCI_ERR_INVAL;
-  return set_element(context, path, value);
+  if (!join(path.span(), '.', {change.package, change.section, change.option})) return UCI_ERR_INVAL;
+  return set_element(context, path, change.value);
 }
 
-int create_section(uci_context* context, const char* package, const char* section) {
+int create_section(uci_context* context, const Change& change) {
   ElementName path;
-  if (!path.print("%s.%s", package, section)) return UCI_ERR_INVAL;
-  return set_element(context, path, section);
+  if (!join(path.span(), '.', {change.package, change.section})) return UCI_ERR_INVAL;
+  return set_element(context, path, change.section);
 }
 
-int set_option_creating_section(uci_context* context, const char* package, const char* section, const char* option,
-                                const char* value) {
-  if (set_option(context, package, section, option, value) == UCI_OK) return kSuccess;
+// Fails a change that was possible until its last step.
+int refuse_set(const Change& change, int error) {
+  LOG("uci set err:%s.%s.%s=%s %d\n\n", change.package, change.section, change.option, change.value, error);
+  return kFailure;
+}
+
+int set_option_creating_section(uci_context* context, const Change& change) {
+  if (set_option(context, change) == UCI_OK) return kSuccess;
   LOG("uci set err\n");
-  if (const int error = create_section(context, package, section); error != UCI_OK) {
-    LOG("uci set err:%s.%s %d \n\n", package, section, error);
+  if (const int error = create_section(context, change); error != UCI_OK) {
+    LOG("uci set err:%s.%s %d \n\n", change.package, change.section, error);
     return kFailure;
   }
-  if (const int error = set_option(context, package, section, option, value); error != UCI_OK) {
-    LOG("uci set err:%s.%s.%s=%s %d\n\n", package, section, option, value, error);
-    return kFailure;
-  }
-  return kSuccess;
+  const int error = set_option(context, change);
+  return error == UCI_OK ? kSuccess : refuse_set(change, error);
 }
 
 int create_empty_file(const char* path) {
@@ -92,7 +130,7 @@ int create_empty_file(const char* path) {
 // Makes sure that a mirror has a file for the package, since libuci loads only existing ones.
 int prepare_mirror(const char* directory, const char* package) {
   Text<512> path;
-  const bool fits = path.print("%s/%s", directory, package);
+  const bool fits = join(path.span(), '/', {directory, package});
   LOG("file %s\n\n", path.c_str());
   if (access(directory, F_OK) != 0) {
     LOG("mkdir .\n");
@@ -112,35 +150,60 @@ int prepare_mirror(const char* directory, const char* package) {
 const char* shown(const char* text) { return text != nullptr ? text : "(null)"; }
 
 // Writes and commits one option below `directory`, or in the main store when there is none.
-int uci_write_option(const char* package, const char* section, const char* option, const char* value,
-                     const char* directory) {
-  LOG("uci set %s.%s.%s=%s.\n\n", shown(package), shown(section), shown(option), shown(value));
-  const ConfigContext context;
+int uci_write_option(const Change& change, const char* directory) {
+  LOG("uci set %s.%s.%s=%s.\n\n", shown(change.package), shown(change.section), shown(change.option),
+      shown(change.value));
+  const ConfigContext context(directory);
   if (!context) {
     LOG("uci alloc ctx error.\n\n");
     return kFailure;
   }
-  if (package == nullptr || section == nullptr || option == nullptr || value == nullptr) {
+  if (!change.is_valid()) {
     LOG("invalid uci set arg.\n\n");
     return kFailure;
   }
   if (directory == nullptr) {
     LOG("DTSP.\n\n");
-  } else {
-    uci_set_confdir(context.get(), directory);
-    if (prepare_mirror(directory, package) != kSuccess) return kFailure;
+  } else if (prepare_mirror(directory, change.package) != kSuccess) {
+    return kFailure;
   }
-  uci_package* loaded = context.load(package);
+  uci_package* loaded = context.load(change.package);
   if (loaded == nullptr) {
     LOG("uci_load err!\n");
     return kFailure;
   }
-  if (set_option_creating_section(context.get(), package, section, option, value) != kSuccess) return kFailure;
+  if (set_option_creating_section(context.get(), change) != kSuccess) return kFailure;
+  const char* place = directory != nullptr ? directory : kMainDirectory;
+  if (!has_room(place, file_size(*loaded))) return refuse_set(change, UCI_ERR_IO);
   uci_commit(context.get(), &loaded, false);
   return kSuccess;
 }
 
+// The bytes by which a change lets a file of the store grow at most, or a file of changes.
+uint64_t size_of(const Change& change) {
+  constexpr uint64_t kRest = 64;  // what stands between the names: words, dots, quotes, line ends
+  return strlen(change.package) + 4 * strlen(change.section) + 2 * strlen(change.option) + quoted_size(change.value) +
+         kRest;
+}
+
+// Whether there is room for the change in the mirror, once the main store has it. libuci keeps the change itself in a
+// file for the time of a commit, and that beside the mirrors.
+bool mirror_has_room(const char* mirror, const Change& change) {
+  if (!change.is_valid()) return true;
+  Text<512> path;
+  struct stat file = {};
+  if (!join(path.span(), '/', {mirror, change.package}) || stat(path.c_str(), &file) != 0) file.st_size = 0;
+  const uint64_t more = size_of(change);
+  return has_room(access(mirror, F_OK) == 0 ? mirror : kMirrorParent, static_cast<uint64_t>(file.st_size) + more, more);
+}
+
 }  // namespace
+
+ConfigContext::ConfigContext(const char* directory) : context_(uci_alloc_context()) {
+  if (context_ == nullptr || directory == nullptr || uci_set_confdir(context_, directory) == UCI_OK) return;
+  uci_free_context(context_);
+  context_ = nullptr;
+}
 
 uci_package* ConfigContext::load(const char* package) const {
   uci_package* loaded = nullptr;
@@ -188,12 +251,11 @@ bool option_is(Section section, const char* option, const char* value) {
 }
 
 int read_state_option(Section section, const char* option, std::span<char> value) {
-  const ConfigContext context;
+  const ConfigContext context(kStateDirectory);
   if (!context) {
     LOG("uci alloc ctx err.\n\n");
     return kFailure;
   }
-  uci_set_confdir(context.get(), kStateDirectory);
   uci_package* package = context.load(section.package);
   if (package == nullptr) {
     LOG("uci load error.\n\n");
@@ -224,37 +286,41 @@ int32_t uci_raw_extract_value_By_path(const char* package, const char* section, 
 }
 
 int32_t uci_raw_set_value(const char* package, const char* section, const char* option, const char* value) {
+  const Change change = {package, section, option, value};
   LOG("SUCF.\n\n");
-  if (uci_write_option(package, section, option, value, nullptr) != kSuccess) {
+  const bool forced = is_forced(change);
+  const char* mirror = forced ? kForcedMirrorDirectory : kMirrorDirectory;
+  const bool room = mirror_has_room(mirror, change);
+  if (!room) refuse_set(change, UCI_ERR_IO);
+  if (!room || uci_write_option(change, nullptr) != kSuccess) {
     LOG("FTSUC.\n\n");
     return kFailure;
   }
   LOG("SSTBF.\n\n");
-  Text<128> path;
-  path.print("%s.%s.%s", package, section, option);
   LOG("FRSS.\n");
-  const bool forced = is_forced(path.c_str());
   LOG("AC %d\n\n", forced ? 0 : 1);
-  return uci_write_option(package, section, option, value, forced ? kForcedMirrorDirectory : kMirrorDirectory);
+  return uci_write_option(change, mirror);
 }
 
 int32_t uci_raw_set_value_By_path(const char* package, const char* section, const char* option, const char* value) {
-  const ConfigContext context;
+  const Change change = {package, section, option, value};
+  const ConfigContext context(kStateDirectory);
   if (!context) {
     LOG("uci alloc ctx err.\n\n");
     return kFailure;
   }
-  if (package == nullptr || section == nullptr || option == nullptr || value == nullptr) {
+  if (!change.is_valid()) {
     LOG("Invalid input arg.\n\n");
     return kFailure;
   }
-  uci_set_confdir(context.get(), kStateDirectory);
   uci_package* loaded = context.load(package);
   if (loaded == nullptr) {
     LOG("uci load error!\n");
     return kFailure;
   }
-  if (const int error = set_option(context.get(), package, section, option, value); error != UCI_OK) {
+  int error = set_option(context.get(), change);
+  if (error == UCI_OK && !has_room(kStateDirectory, file_size(*loaded), size_of(change))) error = UCI_ERR_IO;
+  if (error != UCI_OK) {
     LOG("uci set error:%s.%s.%s=%s %d\n\n", package, section, option, value, error);
     return kFailure;
   }
@@ -267,13 +333,11 @@ int32_t uciRevert(const char* path) {
     LOG("Invalid input arg.\n");
     return kFailure;
   }
-  const ConfigContext context;
-  if (!context) {
+  const ConfigContext context(kMainDirectory);
+  if (!context || uci_set_savedir(context.get(), kRevertDirectory) != UCI_OK) {
     LOG("uci alloc ctx err.\n\n");
     return kFailure;
   }
-  uci_set_confdir(context.get(), kMainDirectory);
-  uci_set_savedir(context.get(), kRevertDirectory);
 
   Text<101> work(path);
   uci_ptr element = {};
@@ -289,16 +353,15 @@ int32_t uciRevert(const char* path) {
 }
 
 int32_t uciGetProfileValue(const char* type, const char* option, char* output, int32_t length) {
-  if (type == nullptr || option == nullptr || output == nullptr || length <= 0) {
+  if (!is_plain(type) || !is_plain(option) || output == nullptr || length <= 0) {
     LOG("Invalid input arg.\n\n");
     return kFailure;
   }
-  const ConfigContext context;
+  const ConfigContext context(kProfileDirectory);
   if (!context) {
     LOG("uci alloc cxt error.\n\n");
     return kFailure;
   }
-  uci_set_confdir(context.get(), kProfileDirectory);
   if (context.load("profile") == nullptr) {
     LOG("uci load error.\n\n");
     return kFailure;

@@ -29,7 +29,8 @@ int read_state_option(Section section, const char* option, std::span<char> value
 // Owns a libuci context and with it every package loaded there.
 class ConfigContext {
  public:
-  ConfigContext() : context_(uci_alloc_context()) {}
+  // On the packages of a directory, or of /etc/config.
+  explicit ConfigContext(const char* directory = nullptr);
   ~ConfigContext() {
     if (context_ != nullptr) uci_free_context(context_);
   }

@@ -1,7 +1,6 @@
 #include "verify.hpp"
 
-#include <stdlib.h>
-
+#include "command.hpp"
 #include "store.hpp"
 
 namespace kova {
@@ -16,7 +15,7 @@ int VerifyCommand::run() const {
 
 int VerifyCommand::run_unjudged() const {
   if (line_.empty()) return -1;
-  [[maybe_unused]] const int status = system(line_.c_str());
+  [[maybe_unused]] const int status = run_shell(line_.c_str());
   return 0;
 }
 

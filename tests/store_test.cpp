@@ -1,7 +1,11 @@
 // The configuration store: main store, mirrors, state files, revert and factory profile.
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
+#include <fstream>
 #include <regex>
 #include <sstream>
 
@@ -112,6 +116,65 @@ TEST_F(Store, AFailingMainStoreWriteLeavesTheMirrorUntouched) {
     EXPECT_TRUE(take_log().ends_with(std::string(log) + "FTSUC.\n\n")) << log;
   }
   EXPECT_NE(run("test -e /tmp/cwmp-config"), 0);
+}
+
+TEST_F(Store, ANameThatWouldNameSomethingElseIsRefused) {
+  const std::string before = *contents("/etc/config/cwmp");
+  write_file("/tmp/tr069/cwmp", before);
+  for (const Writer writer : {uci_raw_set_value, uci_raw_set_value_By_path}) {
+    for (const auto& [package, section, option] : {std::tuple{"cwmp.info", "url", "b"},
+                                                   {"cwmp", "info.url", "b"},
+                                                   {"cwmp", "info", "url.b"},
+                                                   {"cwmp", "info", "url=b"},
+                                                   {"cwmp", "info=b", "url"}})
+      EXPECT_EQ(writer(package, section, option, "value"), -1) << package << section << option;
+  }
+  EXPECT_EQ(contents("/etc/config/cwmp"), before);
+  EXPECT_EQ(contents("/tmp/tr069/cwmp"), before);
+}
+
+// Puts a file system of so many pages in a directory's place. False where the sandbox does not allow it.
+bool mount_pages(const char* directory, long pages) {
+  static const bool may_mount = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+  if (!may_mount) return false;
+  for (const auto& [map, text] : {std::pair{"setgroups", "deny"}, {"uid_map", "0 0 1"}, {"gid_map", "0 0 1"}})
+    std::ofstream(std::string("/proc/self/") + map) << text;
+  const std::string size = "mode=755,size=" + std::to_string(pages * getpagesize());
+  return mount("tmpfs", directory, "tmpfs", 0, size.c_str()) == 0;
+}
+
+TEST_F(Store, WhatHasNoRoomLeavesStoreAndMirrorAsTheyWere) {
+  const std::string store = "/etc/config/cwmp";
+  const std::string mirror = "/tmp/cwmp-config/cwmp";
+  const std::string factory = *contents(store);
+  EXPECT_EQ(write("cwmp.info.url", "first"), 0);
+  const std::string mirrored = *contents(mirror);
+  const size_t room = 3 * static_cast<size_t>(getpagesize());
+  // Beside the mirror's files, libuci keeps the change itself.
+  for (const auto& [full, directory, pages] : {std::tuple{store, "/etc/config", 4}, {mirror, "/tmp", 7}}) {
+    if (!mount_pages(directory, pages)) GTEST_SKIP() << "no file system can be mounted here";
+    run("mkdir -p /tmp/cwmp-config");
+    size_t largest = 0;
+    size_t refused = 0;
+    for (size_t length = room - factory.size() - 200; length < room; ++length) {
+      write_file(store, factory);
+      write_file(mirror, mirrored);
+      const std::string value = "'" + std::string(length, 'x');
+      if (write("cwmp.info.url", value.c_str()) == 0) {
+        EXPECT_EQ(config("cwmp.info.url"), value);
+        EXPECT_EQ(DeviceTest::mirror("cwmp.info.url"), value);
+        largest = contents(full)->size();
+      } else {
+        EXPECT_EQ(contents(store), factory);
+        EXPECT_EQ(contents(mirror), mirrored);
+        ++refused;
+      }
+    }
+    umount(directory);
+    EXPECT_NE(refused, 0U) << full;
+    EXPECT_LE(largest, room);
+    EXPECT_GE(largest, full == store ? room : room - 200);
+  }
 }
 
 TEST_F(Store, AFailingMirrorWriteIsReportedAfterTheStoreWasCommitted) {

@@ -1,6 +1,5 @@
 // X_KOVA_QoS: the limits of the WAN's bandwidth.
-#include <stdlib.h>
-
+#include "command.hpp"
 #include "parameter.hpp"
 #include "pkg-br.h"
 #include "text.hpp"
@@ -20,7 +19,7 @@ int enabled(Call& call) {
 // Places the value in a command line as it is, and runs that. What the program makes of it does not count.
 int run_with_value(Call& call, const char* form, const LogMessage& failure) {
   Text<4096> command;
-  if (!command.print(form, call.value()) || system(command.c_str()) == -1) return refuse(call, failure);
+  if (!command.print(form, call.value()) || run_shell(command.c_str()) == -1) return refuse(call, failure);
   return call.mark(APPLY_QOS);
 }
 

@@ -1,5 +1,7 @@
 #include "wan.hpp"
 
+#include "command.hpp"
+
 namespace kova {
 
 int read_protocol(Protocol& protocol) { return read_option(wan, "proto", protocol.span()); }
@@ -24,7 +26,7 @@ int write_at_once(const char* form, const uci_section* row, const char* option, 
   if (row == nullptr) return SUCCESS;
   Text<1024> command;
   if (!command.print(form, row->e.name, option, value)) return FAILURE;
-  [[maybe_unused]] const int status = system(command.c_str());
+  [[maybe_unused]] const int status = run_shell(command.c_str());
   return SUCCESS;
 }
 

@@ -1,10 +1,12 @@
 #include "answers.hpp"
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -27,11 +29,10 @@ bool matches(const Json& when, const Json& request) {
 // What a program prints, run with one argument. Not through popen: the lab's users watch that for the plug-in's sake.
 std::string output_of(const std::string& program, const std::string& argument) {
   int ends[2];
-  if (pipe(ends) != 0) return {};
+  if (pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error(std::string("no pipe: ") + std::strerror(errno));
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-  posix_spawn_file_actions_addclose(&actions, ends[0]);
   const char* const arguments[] = {program.c_str(), argument.c_str(), nullptr};
   pid_t child = 0;
   const int error =
@@ -41,11 +42,11 @@ std::string output_of(const std::string& program, const std::string& argument) {
   std::string output;
   char block[4096];
   ssize_t length = 0;
-  while (error == 0 && (length = read(ends[0], block, sizeof block)) > 0)
-    output.append(block, static_cast<size_t>(length));
+  while (error == 0 && ((length = read(ends[0], block, sizeof block)) > 0 || (length < 0 && errno == EINTR)))
+    output.append(block, static_cast<size_t>(std::max<ssize_t>(length, 0)));
   close(ends[0]);
   if (error != 0) throw std::runtime_error("cannot run " + program + ": " + std::strerror(error));
-  waitpid(child, nullptr, 0);
+  while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) continue;
   return output;
 }
 

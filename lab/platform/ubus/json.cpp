@@ -11,15 +11,19 @@ constexpr std::string_view kInt64Suffix = ":int64";
 
 void add_value(blob_buf& message, const char* name, const Json& value, bool as_int64);
 
+void need_room(bool added) {
+  if (!added) throw std::runtime_error("a message has no more room");
+}
+
 void add_integer(blob_buf& message, const char* name, const Json& value, bool as_int64) {
   const bool is_large = value.is_number_unsigned()
                             ? value.get<uint64_t>() > UINT32_MAX
                             : value.get<int64_t>() < INT32_MIN || value.get<int64_t>() > UINT32_MAX;
   const auto bits = value.is_number_unsigned() ? value.get<uint64_t>() : static_cast<uint64_t>(value.get<int64_t>());
   if (as_int64 || is_large) {
-    blobmsg_add_u64(&message, name, bits);
+    need_room(blobmsg_add_u64(&message, name, bits) == 0);
   } else {
-    blobmsg_add_u32(&message, name, static_cast<uint32_t>(bits));
+    need_room(blobmsg_add_u32(&message, name, static_cast<uint32_t>(bits)) == 0);
   }
 }
 
@@ -34,16 +38,18 @@ void add_members(blob_buf& message, const Json& object, bool as_int64) {
 void add_value(blob_buf& message, const char* name, const Json& value, bool as_int64) {
   if (value.is_object()) {
     void* table = blobmsg_open_table(&message, name);
+    need_room(table != nullptr);
     add_members(message, value, as_int64);
     blobmsg_close_table(&message, table);
   } else if (value.is_array()) {
     void* array = blobmsg_open_array(&message, name);
+    need_room(array != nullptr);
     for (const Json& element : value) add_value(message, "", element, as_int64);
     blobmsg_close_array(&message, array);
   } else if (value.is_string()) {
-    blobmsg_add_string(&message, name, value.get_ref<const std::string&>().c_str());
+    need_room(blobmsg_add_string(&message, name, value.get_ref<const std::string&>().c_str()) == 0);
   } else if (value.is_boolean()) {
-    blobmsg_add_u8(&message, name, value.get<bool>() ? 1 : 0);
+    need_room(blobmsg_add_u8(&message, name, value.get<bool>() ? 1 : 0) == 0);
   } else if (value.is_number_integer()) {
     add_integer(message, name, value, as_int64);
   } else {

@@ -15,9 +15,11 @@ struct ubus_context {
   std::vector<std::string> objects;  // an object's id is its place, counted from 1
 };
 
-ubus_context* ubus_connect(const char* /*path*/) {
+ubus_context* ubus_connect(const char* /*path*/) try {
   auto objects = bus_objects();
   return objects ? new ubus_context{std::move(*objects)} : nullptr;
+} catch (const std::exception&) {
+  return nullptr;
 }
 
 void ubus_free(ubus_context* ctx) { delete ctx; }
@@ -39,7 +41,7 @@ int ubus_invoke_fd(ubus_context* ctx, uint32_t id, const char* method, blob_attr
     if (answer.status != UBUS_STATUS_OK || answer.reply.is_null()) return answer.status;
     blob_buf message = {};
     const std::unique_ptr<blob_buf, decltype(&blob_buf_free)> owner(&message, &blob_buf_free);
-    blob_buf_init(&message, 0);
+    if (blob_buf_init(&message, 0) != 0) return UBUS_STATUS_NO_MEMORY;
     add_members(message, answer.reply);
     ubus_request reply = {ctx, priv};
     if (cb != nullptr) cb(&reply, UBUS_MSG_DATA, message.head);

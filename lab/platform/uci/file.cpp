@@ -5,18 +5,31 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 
 #include "model.hpp"
 
 namespace standin {
+namespace {
+
+// What a signal interrupts is done again.
+template <typename Call>
+auto persistent(Call call) {
+  decltype(call()) result = 0;
+  do result = call();
+  while (result < 0 && errno == EINTR);
+  return result;
+}
+
+}  // namespace
 
 // While it waits for the lock, the holder may have put another file in the place of this one.
 File::File(const std::string& path, int flags, int lock) {
   do {
     if (descriptor_ >= 0) close(descriptor_);
     descriptor_ = open(path.c_str(), flags | O_CLOEXEC, 0600);
-  } while (descriptor_ >= 0 && flock(descriptor_, lock) == 0 && !is_at(path));
+  } while (descriptor_ >= 0 && persistent([&] { return flock(descriptor_, lock); }) == 0 && !is_at(path));
 }
 
 File::~File() {
@@ -34,14 +47,15 @@ std::string File::read_all() const {
   std::string text;
   char block[4096];
   ssize_t length = 0;
-  while ((length = read(descriptor_, block, sizeof block)) > 0) text.append(block, static_cast<size_t>(length));
+  while ((length = persistent([&] { return read(descriptor_, block, sizeof block); })) > 0)
+    text.append(block, static_cast<size_t>(length));
   require(length == 0, UCI_ERR_IO);
   return text;
 }
 
 void File::write_all(const std::string& text) const {
   for (size_t done = 0; done < text.size();) {
-    const ssize_t length = write(descriptor_, text.data() + done, text.size() - done);
+    const ssize_t length = persistent([&] { return write(descriptor_, text.data() + done, text.size() - done); });
     require(length > 0, UCI_ERR_IO);
     done += static_cast<size_t>(length);
   }

@@ -1,0 +1,50 @@
+#include "room.hpp"
+
+#include <string.h>
+#include <sys/statvfs.h>
+
+namespace kova {
+namespace {
+
+constexpr uint64_t length_of(const char* text) { return __builtin_strlen(text); }
+
+uint64_t option_size(const uci_option& option) {
+  const uint64_t name = strlen(option.e.name);
+  if (option.type == UCI_TYPE_STRING) return length_of("\toption  ''\n") + name + quoted_size(option.v.string);
+  uint64_t size = 0;
+  uci_element* item = nullptr;
+  uci_foreach_element(&option.v.list, item) size += length_of("\tlist  ''\n") + name + quoted_size(item->name);
+  return size;
+}
+
+uint64_t section_size(const uci_section& section) {
+  uint64_t size = length_of("\nconfig \n") + quoted_size(section.type);
+  if (!section.anonymous) size += length_of(" ''") + quoted_size(section.e.name);
+  uci_element* option = nullptr;
+  uci_foreach_element(&section.options, option) size += option_size(*uci_to_option(option));
+  return size;
+}
+
+}  // namespace
+
+uint64_t quoted_size(const char* value) {
+  uint64_t size = strlen(value);
+  for (const char* quote = strchr(value, '\''); quote != nullptr; quote = strchr(quote + 1, '\'')) size += 3;
+  return size;
+}
+
+uint64_t file_size(const uci_package& package) {
+  uint64_t size = length_of("\n");
+  uci_element* section = nullptr;
+  uci_foreach_element(&package.sections, section) size += section_size(*uci_to_section(section));
+  return size;
+}
+
+bool has_room(const char* directory, uint64_t size, uint64_t beside) {
+  struct statvfs system = {};
+  if (statvfs(directory, &system) != 0 || system.f_blocks == 0 || system.f_frsize == 0) return true;
+  const auto blocks = [&](uint64_t bytes) { return (bytes + system.f_frsize - 1) / system.f_frsize; };
+  return blocks(size) + blocks(beside) <= system.f_bavail;
+}
+
+}  // namespace kova

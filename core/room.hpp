@@ -1,0 +1,21 @@
+// Room for what the store is about to write: the platform's commit does not notice that a write failed, and puts a cut
+// file in the place of a whole one.
+#pragma once
+
+#include <uci.h>
+
+#include <cstdint>
+
+namespace kova {
+
+// The bytes that a value takes in a file of the store, between its quotes.
+uint64_t quoted_size(const char* value);
+
+// The bytes that a package takes as a file, written as the platform writes it.
+uint64_t file_size(const uci_package& package);
+
+// Whether the file system of a directory has room for a new file of `size` bytes and for `beside` bytes in another.
+// True where it cannot tell.
+bool has_room(const char* directory, uint64_t size, uint64_t beside = 0);
+
+}  // namespace kova
