@@ -106,8 +106,11 @@ int refuse_set(const Change& change, int error) {
 }
 
 int set_option_creating_section(uci_context* context, const Change& change) {
-  if (set_option(context, change) == UCI_OK) return kSuccess;
+  const int first_error = set_option(context, change);
+  if (first_error == UCI_OK) return kSuccess;
   LOG("uci set err\n");
+  // The section may well be there, and must not get another type then.
+  if (first_error == UCI_ERR_MEM) return refuse_set(change, first_error);
   if (const int error = create_section(context, change); error != UCI_OK) {
     LOG("uci set err:%s.%s %d \n\n", change.package, change.section, error);
     return kFailure;
@@ -118,7 +121,7 @@ int set_option_creating_section(uci_context* context, const Change& change) {
 
 int create_empty_file(const char* path) {
   LOG("create file!\n\n");
-  FILE* file = fopen(path, "w");
+  FILE* file = fopen(path, "a");  // should it be there after all, it keeps what it has
   if (file == nullptr) {
     LOG("create file %s failed!\n\n", path);
     return kFailure;

@@ -58,9 +58,7 @@ Observed observe_set(parameter_handler handler, const std::string& value, int32_
 std::optional<std::string> accepted_value(parameter_handler handler) {
   const DeviceState before;
   std::optional<std::string> found;
-  for (const char* value : {"1", "0", "192.168.1.100", "100", "1400", "static", "tcp", "text of eight and more",
-                            "20MHz", "None", "AESEncryption", "PSKAuthentication", "12345678", "bgn", "Requested",
-                            "custom", "iptv", "Device.IP.Interface.2."}) {
+  for (const char* value : kCommonValues) {
     if (!found && set(handler, value, kFirstRow).result == 0) found = value;
   }
   before.restore();

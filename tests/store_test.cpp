@@ -1,15 +1,13 @@
 // The configuration store: main store, mirrors, state files, revert and factory profile.
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
-#include <fstream>
 #include <regex>
 #include <sstream>
 
 #include "support/device.hpp"
+#include "support/mount.hpp"
 
 namespace kova::test {
 namespace {
@@ -133,16 +131,6 @@ TEST_F(Store, ANameThatWouldNameSomethingElseIsRefused) {
   EXPECT_EQ(contents("/tmp/tr069/cwmp"), before);
 }
 
-// Puts a file system of so many pages in a directory's place. False where the sandbox does not allow it.
-bool mount_pages(const char* directory, long pages) {
-  static const bool may_mount = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
-  if (!may_mount) return false;
-  for (const auto& [map, text] : {std::pair{"setgroups", "deny"}, {"uid_map", "0 0 1"}, {"gid_map", "0 0 1"}})
-    std::ofstream(std::string("/proc/self/") + map) << text;
-  const std::string size = "mode=755,size=" + std::to_string(pages * getpagesize());
-  return mount("tmpfs", directory, "tmpfs", 0, size.c_str()) == 0;
-}
-
 TEST_F(Store, WhatHasNoRoomLeavesStoreAndMirrorAsTheyWere) {
   const std::string store = "/etc/config/cwmp";
   const std::string mirror = "/tmp/cwmp-config/cwmp";
@@ -152,7 +140,7 @@ TEST_F(Store, WhatHasNoRoomLeavesStoreAndMirrorAsTheyWere) {
   const size_t room = 3 * static_cast<size_t>(getpagesize());
   // Beside the mirror's files, libuci keeps the change itself.
   for (const auto& [full, directory, pages] : {std::tuple{store, "/etc/config", 4}, {mirror, "/tmp", 7}}) {
-    if (!mount_pages(directory, pages)) GTEST_SKIP() << "no file system can be mounted here";
+    if (!mount_memory(directory, pages * getpagesize() / 1024)) GTEST_SKIP() << "no file system can be mounted here";
     run("mkdir -p /tmp/cwmp-config");
     size_t largest = 0;
     size_t refused = 0;

@@ -21,4 +21,24 @@ inline const Row kCatalogue[] = {
 #include "families.h"
 };
 
+// Values of which every writable handler takes one.
+inline const char* const kCommonValues[] = {"1",
+                                            "0",
+                                            "192.168.1.100",
+                                            "100",
+                                            "1400",
+                                            "static",
+                                            "tcp",
+                                            "text of eight and more",
+                                            "20MHz",
+                                            "None",
+                                            "AESEncryption",
+                                            "PSKAuthentication",
+                                            "12345678",
+                                            "bgn",
+                                            "Requested",
+                                            "custom",
+                                            "iptv",
+                                            "Device.IP.Interface.2."};
+
 }  // namespace kova::test

@@ -63,7 +63,8 @@ uci_package* find_or_load(uci_context* context, const char* name) {
   require(name != nullptr, UCI_ERR_INVAL);
   if (uci_package* loaded = uci_lookup_package(context, name)) return loaded;
   uci_package* package = nullptr;
-  if (uci_load(context, name, &package) != UCI_OK) throw Failure{context_of(context).error, context_of(context).detail};
+  if (const int error = uci_load(context, name, &package); error != UCI_OK)
+    throw Failure{error, context_of(context).detail};
   return package;
 }
 
@@ -95,8 +96,8 @@ namespace standin {
 void expand(uci_context* context, uci_ptr* ptr) {
   require(ptr != nullptr, UCI_ERR_INVAL);
   if (is_raised(*ptr, uci_ptr::UCI_LOOKUP_DONE)) return;
-  if (uci_lookup_ptr(context, ptr, nullptr, true) != UCI_OK)
-    throw Failure{context_of(context).error, context_of(context).detail};
+  if (const int error = uci_lookup_ptr(context, ptr, nullptr, true); error != UCI_OK)
+    throw Failure{error, context_of(context).detail};
 }
 
 const char* section_name(const uci_ptr& ptr) { return ptr.s != nullptr ? ptr.s->e.name : ptr.section; }

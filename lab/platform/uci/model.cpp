@@ -3,9 +3,13 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <memory>
 
 namespace standin {
 namespace {
+
+// Texts that nothing owns yet: memory may end before their element is complete.
+using Owned = std::unique_ptr<char[]>;  // NOLINT(modernize-avoid-c-arrays): as uci.h has them
 
 void append(uci_list& list, uci_element& element) {
   element.list.prev = list.prev;
@@ -19,7 +23,7 @@ void unlink(uci_element& element) {
   element.list.next->prev = element.list.prev;
 }
 
-uci_element make_element(uci_type type, std::string_view name) { return {{nullptr, nullptr}, type, copy(name)}; }
+uci_element make_element(uci_type type, Owned name) { return {{nullptr, nullptr}, type, name.release()}; }
 
 void free_item(uci_element* item) {
   unlink(*item);
@@ -44,7 +48,10 @@ std::string generated_name(unsigned number, std::string_view type) {
 }
 
 void add_item(uci_option& option, std::string_view value) {
-  append(option.v.list, *new uci_element(make_element(UCI_TYPE_ITEM, value)));
+  Owned text(copy(value));
+  auto* item = new uci_element();
+  *item = make_element(UCI_TYPE_ITEM, std::move(text));
+  append(option.v.list, *item);
 }
 
 // Empties an option of whatever it holds.
@@ -57,8 +64,9 @@ void clear(uci_option& option) {
 }
 
 uci_option* add_option(uci_section& section, std::string_view name) {
+  Owned text(copy(name));
   auto* option = new uci_option();
-  option->e = make_element(UCI_TYPE_OPTION, name);
+  option->e = make_element(UCI_TYPE_OPTION, std::move(text));
   option->section = &section;
   option->type = UCI_TYPE_STRING;
   option->v.string = nullptr;
@@ -122,11 +130,13 @@ uci_option* find_option(const uci_section& section, std::string_view name) {
 }
 
 Package* make_package(Context& context, const std::string& name) {
+  Owned text(copy(name));
+  Owned path(copy(context.configuration_directory + "/" + name));
   auto* package = new Package();
-  package->e = make_element(UCI_TYPE_PACKAGE, name);
+  package->e = make_element(UCI_TYPE_PACKAGE, std::move(text));
   package->ctx = &context;
   package->has_delta = true;
-  package->path = copy(context.configuration_directory + "/" + name);
+  package->path = path.release();
   init(package->sections);
   append(context.root, package->e);
   return package;
@@ -144,12 +154,13 @@ void free_package(Package* package) {
 
 uci_section* add_section(Package& package, std::string_view type, std::string_view name) {
   ++package.sections_made;
+  Owned text(copy(name.empty() ? generated_name(package.sections_made, type) : std::string(name)));
+  Owned type_text(copy(type));
   auto* section = new uci_section();
   section->anonymous = name.empty();
-  section->e =
-      make_element(UCI_TYPE_SECTION, name.empty() ? generated_name(package.sections_made, type) : std::string(name));
+  section->e = make_element(UCI_TYPE_SECTION, std::move(text));
   section->package = &package;
-  section->type = copy(type);
+  section->type = type_text.release();
   init(section->options);
   append(package.sections, section->e);
   return section;
@@ -166,7 +177,7 @@ void free_section(uci_section* section) {
 }
 
 void set_string(uci_section& section, std::string_view name, std::string_view value) {
-  char* text = copy(value);  // before the old value goes, of which it may be a part
+  Owned text(copy(value));  // before the old value goes, of which it may be a part
   uci_option* option = find_option(section, name);
   if (option == nullptr) {
     option = add_option(section, name);
@@ -174,7 +185,7 @@ void set_string(uci_section& section, std::string_view name, std::string_view va
     clear(*option);
   }
   option->type = UCI_TYPE_STRING;
-  option->v.string = text;
+  option->v.string = text.release();
 }
 
 void add_to_list(uci_section& section, std::string_view name, std::string_view value) {
