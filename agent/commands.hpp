@@ -15,14 +15,14 @@ struct Setting {
   std::string value;
 };
 
-// The catalogue's rows below the prefix.
-int list(const std::string& prefix, Output& output);
+// The catalogue's rows below the prefixes; all where there is no prefix.
+int list(const std::vector<std::string>& prefixes, Output& output);
 
 // Values of parameters, and for a path that ends in "." of all parameters below.
 int get(Agent& agent, const std::vector<std::string>& paths, Output& output);
 
-// Values of all parameters below the prefix.
-int walk(Agent& agent, const std::string& prefix, Output& output);
+// Values of all parameters below the prefixes; of all where there is no prefix.
+int walk(Agent& agent, const std::vector<std::string>& prefixes, Output& output);
 
 // One set request: nothing is called unless all parameters exist and are writable; what the calls raise is collected.
 // When `applying` and no value was refused, does the agent's part afterwards. At the end reads the parameters back.

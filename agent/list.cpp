@@ -20,15 +20,16 @@ std::string with_placeholders(const std::string& prefix) {
   return prefix.ends_with('.') ? spelled + '.' : spelled;
 }
 
-std::vector<Entry> entries_below(const std::string& prefix) {
+// Adds the rows below the prefix. False when there are none.
+bool add_entries(const std::string& prefix, std::vector<Entry>& entries) {
   const std::string wanted = with_placeholders(prefix);
-  std::vector<Entry> entries;
+  const std::size_t others = entries.size();
   for (const Row& row : catalogue()) {
     for (const std::string& path : row.paths) {
       if (path.starts_with(wanted)) entries.push_back({&row, path});
     }
   }
-  return entries;
+  return entries.size() > others;
 }
 
 std::string padded(std::string text, std::size_t width) {
@@ -38,9 +39,12 @@ std::string padded(std::string text, std::size_t width) {
 
 }  // namespace
 
-int list(const std::string& prefix, Output& output) {
-  const std::vector<Entry> entries = entries_below(prefix);
-  if (entries.empty()) output.fault(unknown_path(prefix));
+int list(const std::vector<std::string>& prefixes, Output& output) {
+  std::vector<Entry> entries;
+  for (const std::string& prefix : prefixes) {
+    if (!add_entries(prefix, entries)) output.fault(unknown_path(prefix));
+  }
+  if (prefixes.empty()) add_entries("", entries);
   std::size_t width = 0;
   for (const Entry& entry : entries) width = std::max(width, entry.path.size());
   output.document()["parameters"] = Json::array();
