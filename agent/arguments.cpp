@@ -2,16 +2,45 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 
 namespace kovadm {
 namespace {
+
+// The whole stream but a newline at its end.
+std::string read_value(std::istream& stream, const std::string& name) {
+  std::string value(std::istreambuf_iterator<char>(stream), {});
+  if (value.ends_with('\n')) value.pop_back();
+  if (value.find('\0') != std::string::npos) throw SetupError(name + " holds a zero byte, no value can");
+  return value;
+}
+
+std::string read_standard_input() {
+  if (std::cin.eof()) throw SetupError("standard input gives one value only");
+  return read_value(std::cin, "standard input");
+}
+
+std::string read_file(const std::string& file) {
+  std::ifstream stream(file, std::ios::binary);
+  stream.peek();  // a directory can be opened, but not read
+  if (stream.bad() || !stream.is_open()) throw SetupError("cannot read " + file);
+  return read_value(stream, file);
+}
+
+// "@FILE" and "@-" stand for what is read there, "@@" for a value's own "@".
+std::string value_of(const std::string& text) {
+  if (!text.starts_with('@')) return text;
+  if (text == "@-") return read_standard_input();
+  return text.starts_with("@@") ? text.substr(1) : read_file(text.substr(1));
+}
 
 // "PATH=VALUE"; the value may be empty and hold further equals signs.
 Setting split_setting(const std::string& text) {
   const std::size_t equals = text.find('=');
   if (equals == 0 || equals == std::string::npos) throw CLI::ValidationError("set", "not PATH=VALUE: " + text);
-  return {text.substr(0, equals), text.substr(equals + 1)};
+  return {text.substr(0, equals), value_of(text.substr(equals + 1))};
 }
 
 std::vector<Setting> split_settings(const std::vector<std::string>& texts) {
@@ -27,6 +56,7 @@ void define_options(CLI::App& app, Arguments& arguments) {
       ->option_text("FILE");
   app.add_option("--agent-state", arguments.agent_state, "JSON file with fields of the agent's record")
       ->option_text("FILE");
+  app.set_version_flag("--version", "kovadm " KOVADM_VERSION);
 }
 
 void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::string>& settings) {
@@ -38,12 +68,17 @@ void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::strin
   CLI::App* get = app.add_subcommand("get", "Values; a PATH that ends in \".\" stands for all parameters below");
   get->add_option("PATH", arguments.paths)->required();
   CLI::App* set = app.add_subcommand("set", "One set request, and what it raised, recorded and changed");
-  set->add_option("PATH=VALUE", settings)->required();
-  set->add_flag("--apply", arguments.apply, "Do the agent's part too: run the recorded commands and the services");
+  set->add_option("PATH=VALUE", settings, "VALUE @FILE is read from a file, @- from standard input; @@ stands for @")
+      ->required();
+  set->add_flag("--apply", arguments.set.apply, "Do the agent's part too: run the recorded commands and the services");
+  set->add_flag("--force", arguments.set.force, "Pass on what is no value of the parameter's type, too");
   CLI::App* walk = app.add_subcommand("walk", "Values of all parameters below PREFIX, instances expanded");
   walk->add_option("PREFIX", arguments.prefixes, kPrefixes);
   CLI::App* explain = app.add_subcommand("explain", "What one get of PATH really does");
   explain->add_option("PATH", arguments.path)->required();
+  CLI::App* profiles = app.add_subcommand("profiles", "What is served of the published data models' profiles");
+  profiles->add_option("NAME", arguments.profiles, "A profile, to be told of parameter by parameter");
+  profiles->add_flag("--live", arguments.live, "Ask the device too whether the parameters answer");
 }
 
 // Tells what was wrong, or the help. Returns the exit status.

@@ -16,12 +16,14 @@ struct Arguments {
   std::string command;
   bool json = false;
   bool debug = false;
-  bool apply = false;
+  SetOptions set;
+  bool live = false;
   std::string plugin;
   std::string agent_state;
   std::string path;
   std::vector<std::string> prefixes;
   std::vector<std::string> paths;
+  std::vector<std::string> profiles;
   std::vector<Setting> settings;
 };
 

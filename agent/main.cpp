@@ -20,12 +20,15 @@ void need_router() {
     throw SetupError("this is no router, it has no /etc/config; the simulated one: lab/launch -- kovadm ...");
 }
 
+int run_without_router(const Arguments& arguments) {
+  Output output(arguments.json);
+  if (arguments.command == "list") return list(arguments.prefixes, output);
+  return profiles(nullptr, arguments.profiles, output);
+}
+
 int run(const Arguments& arguments) {
   const std::string& command = arguments.command;
-  if (command == "list") {
-    Output output(arguments.json);
-    return list(arguments.prefixes, output);
-  }
+  if (command == "list" || (command == "profiles" && !arguments.live)) return run_without_router(arguments);
   need_router();
   Agent agent(arguments.plugin, arguments.agent_state);
   std::optional<DebugSwitch> debug;
@@ -33,8 +36,9 @@ int run(const Arguments& arguments) {
 
   Output output(arguments.json);
   if (command == "get") return get(agent, arguments.paths, output);
-  if (command == "set") return set(agent, arguments.settings, arguments.apply, output);
+  if (command == "set") return set(agent, arguments.settings, arguments.set, output);
   if (command == "walk") return walk(agent, arguments.prefixes, output);
+  if (command == "profiles") return profiles(&agent, arguments.profiles, output);
   return explain(agent, arguments.path, output);
 }
 
