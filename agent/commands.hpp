@@ -15,19 +15,28 @@ struct Setting {
   std::string value;
 };
 
-// The catalogue's rows below the prefix.
-int list(const std::string& prefix, Output& output);
+// The catalogue's rows below the prefixes; all where there is no prefix.
+int list(const std::vector<std::string>& prefixes, Output& output);
 
 // Values of parameters, and for a path that ends in "." of all parameters below.
 int get(Agent& agent, const std::vector<std::string>& paths, Output& output);
 
-// Values of all parameters below the prefix.
-int walk(Agent& agent, const std::string& prefix, Output& output);
+// Values of all parameters below the prefixes; of all where there is no prefix.
+int walk(Agent& agent, const std::vector<std::string>& prefixes, Output& output);
 
-// One set request: nothing is called unless all parameters exist and are writable; what the calls raise is collected.
-// When `applying` and no value was refused, does the agent's part afterwards. At the end reads the parameters back.
-// Returns 3 when all was accepted and some of it in vain.
-int set(Agent& agent, const std::vector<Setting>& settings, bool applying, Output& output);
+struct SetOptions {
+  bool apply = false;  // do the agent's part once all values were accepted
+  bool force = false;  // pass on what is no value of the parameter's type, too
+};
+
+// One set request: nothing is called unless all parameters exist, are writable, and are given values of their types;
+// what the calls raise is collected. At the end reads the parameters back. Returns 3 when all was accepted and some of
+// it in vain.
+int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& options, Output& output);
+
+// What is served of the profiles of the published data models; with names, what of their parameters. Asks the device
+// for its answers where there is an `agent`. Throws SetupError for an unknown name.
+int profiles(Agent* agent, const std::vector<std::string>& names, Output& output);
 
 // Gets the parameter once and tells what that did.
 int explain(Agent& agent, const std::string& path, Output& output);

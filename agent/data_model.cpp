@@ -49,6 +49,15 @@ std::optional<int32_t> instance_number(std::string_view component) {
   return number;
 }
 
+std::string catalogue_path(std::string_view path) {
+  std::string spelled;
+  for (const std::string& component : split_path(path)) {
+    if (!spelled.empty()) spelled += '.';
+    spelled += instance_number(component) ? kInstance : component;
+  }
+  return path.ends_with('.') ? spelled + '.' : spelled;
+}
+
 const Node* child_of(const Node& node, std::string_view component) {
   const std::string_view name = instance_number(component) ? kInstance : component;
   for (const Node& child : node.children) {

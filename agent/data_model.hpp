@@ -37,6 +37,9 @@ std::vector<std::string> split_path(std::string_view path);
 // The number that a component is; nothing when it is no instance number.
 std::optional<int32_t> instance_number(std::string_view component);
 
+// A path, or a path's beginning, as the catalogue spells it: with placeholders for instance numbers.
+std::string catalogue_path(std::string_view path);
+
 // The child of that name; for a number, the instances of a table. nullptr for none.
 const Node* child_of(const Node& node, std::string_view component);
 

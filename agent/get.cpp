@@ -62,8 +62,10 @@ int get(Agent& agent, const std::vector<std::string>& paths, Output& output) {
   return output.finish();
 }
 
-int walk(Agent& agent, const std::string& prefix, Output& output) {
-  Reader(agent, output).below(prefix);
+int walk(Agent& agent, const std::vector<std::string>& prefixes, Output& output) {
+  Reader reader(agent, output);
+  for (const std::string& prefix : prefixes) reader.below(prefix);
+  if (prefixes.empty()) reader.below("");
   return output.finish();
 }
 

@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "commands.hpp"
+#include "table.hpp"
 
 namespace kovadm {
 namespace {
@@ -10,47 +9,36 @@ struct Entry {
   std::string path;
 };
 
-// The prefix as the catalogue would spell it.
-std::string with_placeholders(const std::string& prefix) {
-  std::string spelled;
-  for (const std::string& component : split_path(prefix)) {
-    if (!spelled.empty()) spelled += '.';
-    spelled += instance_number(component) ? kInstance : component;
-  }
-  return prefix.ends_with('.') ? spelled + '.' : spelled;
-}
-
-std::vector<Entry> entries_below(const std::string& prefix) {
-  const std::string wanted = with_placeholders(prefix);
-  std::vector<Entry> entries;
+// Adds the rows below the prefix. False when there are none.
+bool add_entries(const std::string& prefix, std::vector<Entry>& entries) {
+  const std::string wanted = catalogue_path(prefix);
+  const std::size_t others = entries.size();
   for (const Row& row : catalogue()) {
     for (const std::string& path : row.paths) {
       if (path.starts_with(wanted)) entries.push_back({&row, path});
     }
   }
-  return entries;
-}
-
-std::string padded(std::string text, std::size_t width) {
-  text.resize(std::max(width, text.size()), ' ');
-  return text;
+  return entries.size() > others;
 }
 
 }  // namespace
 
-int list(const std::string& prefix, Output& output) {
-  const std::vector<Entry> entries = entries_below(prefix);
-  if (entries.empty()) output.fault(unknown_path(prefix));
-  std::size_t width = 0;
-  for (const Entry& entry : entries) width = std::max(width, entry.path.size());
+int list(const std::vector<std::string>& prefixes, Output& output) {
+  std::vector<Entry> entries;
+  for (const std::string& prefix : prefixes) {
+    if (!add_entries(prefix, entries)) output.fault(unknown_path(prefix));
+  }
+  if (prefixes.empty()) add_entries("", entries);
+  std::vector<std::vector<std::string>> table;
   output.document()["parameters"] = Json::array();
   for (const auto& [row, path] : entries) {
     const std::string access = to_text(row->access);
     const std::string type = to_text(row->type);
-    output.line(padded(path, width) + "  " + padded(access, 10) + "  " + type);
+    table.push_back({path, access, type});
     output.document()["parameters"].push_back(
         {{"path", path}, {"access", access}, {"type", type}, {"handler", row->handler}});
   }
+  for (const std::string& line : table_lines(table)) output.line(line);
   return output.finish();
 }
 

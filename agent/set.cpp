@@ -7,6 +7,7 @@
 #include "effect.hpp"
 #include "instances.hpp"
 #include "task_records.hpp"
+#include "value_type.hpp"
 
 namespace kovadm {
 namespace {
@@ -31,8 +32,8 @@ bool stores_anything(const std::vector<Change>& changes) {
   return std::any_of(changes.begin(), changes.end(), [](const Change& change) { return change.stores(); });
 }
 
-// The calls of a request of which every parameter exists and is writable; none, and the faults told, otherwise.
-std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, Output& output) {
+// The calls of a request that can be made; none, and the faults told, where one of them cannot.
+std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool force, Output& output) {
   std::vector<Call> calls;
   for (const auto& [path, value] : settings) {
     const auto parameter = find_parameter(path);
@@ -42,6 +43,9 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, Outp
       output.fault({FaultCode::NON_WRITABLE_PARAMETER, path, "", ""});
     } else if (const auto missing = missing_instance(agent, path)) {
       output.fault(*missing);
+    } else if (!force && !is_of_type(value, parameter->row->type)) {
+      const std::string detail = "no " + to_text(parameter->row->type) + ": \"" + value + '"';
+      output.fault({FaultCode::INVALID_PARAMETER_VALUE, path, detail, ""});
     } else {
       calls.push_back({*parameter, value});
     }
@@ -90,8 +94,8 @@ void apply_request(Request& request, const Snapshot& before, Output& output) {
 
 }  // namespace
 
-int set(Agent& agent, const std::vector<Setting>& settings, bool applying, Output& output) {
-  const std::vector<Call> calls = check(agent, settings, output);
+int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& options, Output& output) {
+  const std::vector<Call> calls = check(agent, settings, options.force, output);
   if (calls.empty()) return output.finish();
 
   output.document()["values"] = Json::array();
@@ -99,7 +103,7 @@ int set(Agent& agent, const std::vector<Setting>& settings, bool applying, Outpu
   make_calls(agent, calls, request, output);
   const Snapshot requested;
   tell_request(request, requested, output);
-  const bool ran = applying && request.accepted.size() == calls.size();
+  const bool ran = options.apply && request.accepted.size() == calls.size();
   if (ran) apply_request(request, requested, output);
 
   bool in_vain = false;

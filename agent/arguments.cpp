@@ -1,0 +1,110 @@
+#include "arguments.hpp"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace kovadm {
+namespace {
+
+// The whole stream but a newline at its end.
+std::string read_value(std::istream& stream, const std::string& name) {
+  std::string value(std::istreambuf_iterator<char>(stream), {});
+  if (value.ends_with('\n')) value.pop_back();
+  if (value.find('\0') != std::string::npos) throw SetupError(name + " holds a zero byte, no value can");
+  return value;
+}
+
+std::string read_standard_input() {
+  if (std::cin.eof()) throw SetupError("standard input gives one value only");
+  return read_value(std::cin, "standard input");
+}
+
+std::string read_file(const std::string& file) {
+  std::ifstream stream(file, std::ios::binary);
+  stream.peek();  // a directory can be opened, but not read
+  if (stream.bad() || !stream.is_open()) throw SetupError("cannot read " + file);
+  return read_value(stream, file);
+}
+
+// "@FILE" and "@-" stand for what is read there, "@@" for a value's own "@".
+std::string value_of(const std::string& text) {
+  if (!text.starts_with('@')) return text;
+  if (text == "@-") return read_standard_input();
+  return text.starts_with("@@") ? text.substr(1) : read_file(text.substr(1));
+}
+
+// "PATH=VALUE"; the value may be empty and hold further equals signs.
+Setting split_setting(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  if (equals == 0 || equals == std::string::npos) throw CLI::ValidationError("set", "not PATH=VALUE: " + text);
+  return {text.substr(0, equals), value_of(text.substr(equals + 1))};
+}
+
+std::vector<Setting> split_settings(const std::vector<std::string>& texts) {
+  std::vector<Setting> settings(texts.size());
+  std::transform(texts.begin(), texts.end(), settings.begin(), split_setting);
+  return settings;
+}
+
+void define_options(CLI::App& app, Arguments& arguments) {
+  app.add_flag("--json", arguments.json, "Write one JSON document, faults included");
+  app.add_flag("--debug", arguments.debug, "Switch the plug-in's log on for this run; it goes to standard error");
+  app.add_option("--plugin", arguments.plugin, "Plug-in to load instead of the installed libkova-datamodel.so")
+      ->option_text("FILE");
+  app.add_option("--agent-state", arguments.agent_state, "JSON file with fields of the agent's record")
+      ->option_text("FILE");
+  app.set_version_flag("--version", "kovadm " KOVADM_VERSION);
+}
+
+void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::string>& settings) {
+  constexpr char kPrefixes[] = "Beginnings of paths; everything when left out";
+  app.require_subcommand(1);
+  app.fallthrough();
+  CLI::App* list = app.add_subcommand("list", "The catalogue: path, access, type");
+  list->add_option("PREFIX", arguments.prefixes, kPrefixes);
+  CLI::App* get = app.add_subcommand("get", "Values; a PATH that ends in \".\" stands for all parameters below");
+  get->add_option("PATH", arguments.paths)->required();
+  CLI::App* set = app.add_subcommand("set", "One set request, and what it raised, recorded and changed");
+  set->add_option("PATH=VALUE", settings, "VALUE @FILE is read from a file, @- from standard input; @@ stands for @")
+      ->required();
+  set->add_flag("--apply", arguments.set.apply, "Do the agent's part too: run the recorded commands and the services");
+  set->add_flag("--force", arguments.set.force, "Pass on what is no value of the parameter's type, too");
+  CLI::App* walk = app.add_subcommand("walk", "Values of all parameters below PREFIX, instances expanded");
+  walk->add_option("PREFIX", arguments.prefixes, kPrefixes);
+  CLI::App* explain = app.add_subcommand("explain", "What one get of PATH really does");
+  explain->add_option("PATH", arguments.path)->required();
+  CLI::App* profiles = app.add_subcommand("profiles", "What is served of the published data models' profiles");
+  profiles->add_option("NAME", arguments.profiles, "A profile, to be told of parameter by parameter");
+  profiles->add_flag("--live", arguments.live, "Ask the device too whether the parameters answer");
+}
+
+// Tells what was wrong, or the help. Returns the exit status.
+int tell(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> words = app.remaining();
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr && !words.empty())
+    std::cerr << "kovadm: no command \"" << words.front() << "\"\n";
+  return app.exit(error) == 0 ? 0 : kUsage;
+}
+
+}  // namespace
+
+std::variant<Arguments, int> parse_arguments(int argc, char** argv) {
+  CLI::App app("Reads and sets the device's data model through its plug-in", "kovadm");
+  Arguments arguments;
+  std::vector<std::string> settings;
+  define_options(app, arguments);
+  define_commands(app, arguments, settings);
+  try {
+    app.parse(argc, argv);
+    arguments.command = app.get_subcommands().front()->get_name();
+    arguments.settings = split_settings(settings);
+    return arguments;
+  } catch (const CLI::ParseError& error) {
+    return tell(app, error);
+  }
+}
+
+}  // namespace kovadm

@@ -1,0 +1,33 @@
+// The command line.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "commands.hpp"
+
+namespace kovadm {
+
+// The exit status of a run that did not start.
+inline constexpr int kUsage = 2;
+
+struct Arguments {
+  std::string command;
+  bool json = false;
+  bool debug = false;
+  SetOptions set;
+  bool live = false;
+  std::string plugin;
+  std::string agent_state;
+  std::string path;
+  std::vector<std::string> prefixes;
+  std::vector<std::string> paths;
+  std::vector<std::string> profiles;
+  std::vector<Setting> settings;
+};
+
+// The arguments; or, when help was asked for or something is wrong with them, the exit status, all being told.
+std::variant<Arguments, int> parse_arguments(int argc, char** argv);
+
+}  // namespace kovadm
