@@ -297,9 +297,10 @@ TEST_F(FaultSweep, FindsWhatIsPlanted) {
     return Result{0};
   };
   const auto forgets_a_pipe = [] {
-    static FILE* pipe = nullptr;
-    pipe = popen("line", "re");
-    if (access("/etc/config", F_OK) != 0) return Result{-1};
+    FILE* const pipe = popen("line", "re");
+    static std::vector<FILE*> forgotten;
+    forgotten.reserve(100);
+    if (access("/etc/config", F_OK) != 0) return forgotten.push_back(pipe), Result{-1};
     if (pipe != nullptr) pclose(pipe);
     return Result{0};
   };
