@@ -3,11 +3,6 @@
 #include "support/wan.hpp"
 
 #define ADDRESS(parameter) IP_Interface_IPv4Address_##parameter
-#define COUNTERS(stats)                                                                                    \
-  {                                                                                                        \
-    stats##BytesSent, stats##BytesReceived, stats##PacketsSent, stats##PacketsReceived, stats##ErrorsSent, \
-        stats##ErrorsReceived                                                                              \
-  }
 
 namespace kova::test {
 namespace {

@@ -16,7 +16,7 @@ class Lab : public DeviceTest {
   // The verdict of the verify script.
   static std::string verify(const std::string& arguments) {
     run("lua /usr/bin/tr069/verify_pms " + arguments);
-    return stored("/tmp/tr069", "check", "result", "set_result").value_or("none");
+    return stored("/tmp/tr069", "check.result.set_result").value_or("none");
   }
 };
 

@@ -23,11 +23,9 @@ TEST_F(DeviceInfo, FixedTextsBoardAndFirmware) {
   expect_options({{INFO(Manufacturer), "system.board.manufacturer", "Kova"},
                   {INFO(ProductClass), "system.board.model", "IGD"},
                   {INFO(ProvisioningCode), "cwmp.info.provisioningcode", ""}});
-  const Source no_store = no_file("/etc/config/cwmp");
-  expect_sets({{INFO(ProvisioningCode), "P-2", accepted(), {stores("cwmp.info.provisioningcode", "P-2")}},
-               {INFO(ProvisioningCode), "P-2", kRefused, {logs("FTSPSC.\n")}, no_store},
-               {INFO(FirstUseDate), "x", kRefused, {logs("GFUDE.\n")}},
-               {INFO(DeviceLog), "x", kRefused, {logs("FTGDL.\n")}}});
+  expect_stored(INFO(ProvisioningCode), "P-2", "cwmp.info.provisioningcode", "P-2", 0, "FTSPSC.\n");
+  expect_sets(
+      {{INFO(FirstUseDate), "x", kRefused, {logs("GFUDE.\n")}}, {INFO(DeviceLog), "x", kRefused, {logs("FTGDL.\n")}}});
   set(INFO(DeviceLog), "x");
   EXPECT_TRUE(seams().syslog[0].starts_with("pkg-dev.c, "));
 }
@@ -60,13 +58,12 @@ TEST_F(DeviceInfo, MemoryComesFromTheKernelsTable) {
 
 TEST_F(DeviceInfo, OtherReadingsAreTheToolsOutput) {
   const std::string usage = "top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'";
-  expect_gets({{INFO(UpTime), prints("cat /proc/uptime | awk -F '.' '{print $1}' ", "77\n"), "77"},
-               {INFO(UpTime), no_pipes, kGetFailed, "FTGU.\n"},
-               {INFO(ProcessStatus_ProcessNumberOfEntries), prints("ps | sed '1d' | sed -n '$='", "42\n"), "42"},
-               {INFO(ProcessStatus_ProcessNumberOfEntries), no_pipes, kGetFailed, "FTGPNE.\n"},
-               {INFO(ProcessStatus_CPUUsage), prints(usage, "94\n"), "6"},
-               {INFO(ProcessStatus_CPUUsage), prints(usage, "idle\n"), "5"},
-               {INFO(ProcessStatus_CPUUsage), no_pipes, kGetFailed, "FTGCU.\n"}});
+  for (const auto& [handler, command, output, text, failure] :
+       {std::tuple{&INFO(UpTime), std::string("cat /proc/uptime | awk -F '.' '{print $1}' "), "77\n", "77", "FTGU.\n"},
+        {INFO(ProcessStatus_ProcessNumberOfEntries), "ps | sed '1d' | sed -n '$='", "42\n", "42", "FTGPNE.\n"},
+        {INFO(ProcessStatus_CPUUsage), usage, "94\n", "6", "FTGCU.\n"},
+        {INFO(ProcessStatus_CPUUsage), usage, "idle\n", "5", "FTGCU.\n"}})
+    expect_gets({{handler, prints(command, output), text}, {handler, no_pipes, kGetFailed, failure}});
   for (const parameter_handler live :
        {INFO(UpTime), INFO(MemoryStatus_Used), INFO(ProcessStatus_ProcessNumberOfEntries)})
     EXPECT_GT(std::stol(get(live).text), 0);  // on the running kernel
@@ -80,17 +77,13 @@ class RemoteAccess : public TableTest {};
 TEST_F(RemoteAccess, SwitchingMarksOneBitForOnAndAnotherForOff) {
   const std::string path = "filter.remoteweb.enabled";
   const std::string port = "filter.remoteweb.https_port";
-  const Source no_store = no_file("/etc/config/filter");
   for (const auto& [stored, text] : {std::pair{"", "0"}, {"0", "0"}, {"1", "1"}, {"off", "1"}, {"00", "1"}})
     expect_gets({{REMOTE(Enable), option(path, stored), text}});
-  expect_sets({{REMOTE(Enable), "1", accepted(0x200), {stores(path, "1")}, option(path, "")},
-               {REMOTE(Enable), "0", accepted(0x400), {stores(path, "")}, option(path, "1")},
-               {REMOTE(Enable), "yes", kRefused},
-               {REMOTE(Enable), "1", kRefused, {}, no_store},
-               {REMOTE(Enable), "0", kRefused, {}, no_store},
-               {REMOTE(Port), "any", accepted(0x200), {stores(port, "any")}},
-               {REMOTE(Port), "443", kRefused, {}, no_store}});
   expect_options({{REMOTE(Port), port, "443"}});
+  expect_stored(REMOTE(Enable), "1", path, "1", 0x200);
+  expect_stored(REMOTE(Enable), "0", path, "", 0x400);
+  expect_stored(REMOTE(Port), "any", port, "any", 0x200);
+  expect_sets({{REMOTE(Enable), "yes", kRefused}});
 }
 
 // ---- Users ----
@@ -107,13 +100,14 @@ class Users : public TableTest {
 
 TEST_F(Users, AreTheLoginsButForRoot) {
   const Source no_store = no_file("/etc/config/rpcd");
+  const std::string no_accounts = "[ERR]uci failed to load config:rpcd\n";
   expect_gets({{Users_UserNumberOfEntries, as_is, "2"},
-               {Users_UserNumberOfEntries, no_store, kGetFailed, "[ERR]uci failed to load config:rpcd\n"},
+               {Users_UserNumberOfEntries, no_store, kGetFailed, no_accounts},
                {At{Users_User_Username, {1}}, as_is, "admin"},
                {At{Users_User_Username, {2}}, as_is, "guest"},
                {At{Users_User_Username, {3}}, as_is, kGetFailed},
                {At{Users_User_Username, {0}}, as_is, kGetFailed, "LE\n"},
-               {At{Users_User_Username, {1}}, no_store, kGetFailed, "[ERR]uci failed to load config:rpcd\n"},
+               {At{Users_User_Username, {1}}, no_store, kGetFailed, no_accounts},
                {At{Users_User_Password, {1}}, as_is, ""}});
   expect_sets({{Users_UserNumberOfEntries, "9", accepted()}});
 }
@@ -182,20 +176,17 @@ class Time : public TableTest {};
 
 TEST_F(Time, NtpServersAreThePositionsOfTheList) {
   const std::string list = "config timeserver 'ntp'\n\toption enabled '1'\n\tlist server 'a'\n\tlist server 'b'\n";
-  const std::string third =
+  const std::string longer =
       "config timeserver\n\tlist server '1'\n\tlist server '2'\n\tlist server 'c'\n\tlist server 'd'\n";
   const std::string plain = "config timeserver\n\toption server 'plain'\n";
-  expect_gets(
-      {{Time_Enable, package("system", list), "1"},
-       {Time_Enable, package("system", plain), "0"},
-       {Time_NTPServer1, package("system", list + third), "a"},
-       {Time_NTPServer2, package("system", list + third), "b"},
-       {Time_NTPServer3, package("system", list + third), "c"},
-       {Time_NTPServer4, package("system", list + third), "d"},
-       {Time_NTPServer3, package("system", list), ""},
-       {Time_NTPServer2, package("system", plain + list), "b"},
-       {Time_NTPServer1, package("system", "config timeserver\n" + list), "", "[ERR]uci failed to get server option\n"},
-       {Time_NTPServer1, no_file("/etc/config/system"), "", "[ERR]uci failed to load config:system\n"}});
+  for (const auto& [handler, server] :
+       {std::pair{&Time_NTPServer1, "a"}, {Time_NTPServer2, "b"}, {Time_NTPServer3, "c"}, {Time_NTPServer4, "d"}})
+    expect_gets(
+        {{handler, package("system", plain + list + longer), server},
+         {handler, package("system", plain), ""},
+         {handler, package("system", "config timeserver\n" + list), "", "[ERR]uci failed to get server option\n"},
+         {handler, no_file("/etc/config/system"), "", "[ERR]uci failed to load config:system\n"}});
+  expect_gets({{Time_Enable, package("system", list), "1"}, {Time_Enable, package("system", plain), "0"}});
 }
 
 TEST_F(Time, ChangesAreTheScriptsWork) {

@@ -13,7 +13,6 @@ constexpr uint32_t kApplied = 0x2004;
 Source link(const std::string& answer) { return status("network.interface.4g", answer); }
 Source setting(const std::string& name, const std::string& value) { return option("network.4g." + name, value); }
 const Source no_link = no_status("network.interface.4g");
-const Source no_store = no_file("/etc/config/network");
 
 class Cellular : public TableTest {
  protected:
@@ -38,11 +37,12 @@ TEST_F(Cellular, WithoutTheInterfaceMostParametersHaveNothingToSay) {
                  {ACCESS_POINT(Enable), router, "0"}});
     for (const parameter_handler handler :
          {INTERFACE(IMEI), INTERFACE(USIM_IMSI), INTERFACE(USIM_ICCID), INTERFACE(RSSI),
-          INTERFACE(CurrentAccessTechnology), INTERFACE(RSRP), INTERFACE(RSRQ), INTERFACE(SINR), INTERFACE(CELLID),
-          ACCESS_POINT(APN), ACCESS_POINT(Username), ACCESS_POINT(Password)})
+          INTERFACE(CurrentAccessTechnology), INTERFACE(RSRP), INTERFACE(RSRQ), INTERFACE(SINR), INTERFACE(CELLID)})
       expect_gets({{handler, router, kUntouched}});
-    for (const parameter_handler handler : {ACCESS_POINT(APN), ACCESS_POINT(Username), ACCESS_POINT(Password)})
+    for (const parameter_handler handler : {ACCESS_POINT(APN), ACCESS_POINT(Username), ACCESS_POINT(Password)}) {
+      expect_gets({{handler, router, kUntouched}});
       expect_sets({{handler, "text", accepted(), {}, router}});
+    }
   }
 }
 
@@ -51,31 +51,28 @@ TEST_F(Cellular, FixedTextsAndSwitches) {
                {Cellular_AccessPointNumberOfEntries, as_is, "1"},
                {INTERFACE(AddressingType), as_is, "DHCP"},
                {ACCESS_POINT(Interface), as_is, "Device.Cellular.Interface.1"},
-               {ACCESS_POINT(Enable), link(R"({"up": false})"), "1"},
-               {Cellular_RoamingEnabled, setting("roaming", "0"), "0"},
-               {Cellular_RoamingEnabled, setting("roaming", "yes"), "1"},
-               {Cellular_RoamingEnabled, as_is, "1"},
-               {Cellular_RoamingStatus, setting("roaming", "0"), "Home"},
-               {Cellular_RoamingStatus, setting("roaming", "1"), "Roaming"},
-               {Cellular_RoamingStatus, as_is, "Roaming"},
-               {INTERFACE(Enable), setting("disabled", "1"), "0"},
-               {INTERFACE(Enable), setting("disabled", "0"), "1"},
-               {INTERFACE(Enable), as_is, "1"}});
+               {ACCESS_POINT(Enable), link(R"({"up": false})"), "1"}});
+  for (const auto& [handler, option, value, then, otherwise] :
+       {std::tuple{&Cellular_RoamingEnabled, "roaming", "0", "0", "1"},
+        {Cellular_RoamingStatus, "roaming", "0", "Home", "Roaming"},
+        {INTERFACE(Enable), "disabled", "1", "0", "1"}})
+    expect_gets({{handler, setting(option, value), then},
+                 {handler, setting(option, "yes"), otherwise},
+                 {handler, as_is, otherwise}});
 }
 
 TEST_F(Cellular, SwitchesApplyTheInterfaceWhateverTheValueAndTheLink) {
   no_link.put();
-  expect_sets({{Cellular_RoamingEnabled, "0", accepted(kApplied), {stores("network.4g.roaming", "0")}},
-               {Cellular_RoamingEnabled, "1", accepted(kApplied), {stores("network.4g.roaming", "1")}},
-               {Cellular_RoamingEnabled, "01", accepted(kApplied)},
-               {Cellular_RoamingEnabled, "0", kRefused, {logs("CREDSE.\n")}, no_store},
-               {INTERFACE(Enable), "0", accepted(kApplied), {stores("network.4g.disabled", "1")}},
-               {INTERFACE(Enable), "1", accepted(kApplied), {stores("network.4g.disabled", "0")}},
+  for (const auto& [handler, value, option, stored, failure] :
+       {std::tuple{&Cellular_RoamingEnabled, "0", "roaming", "0", "CREDSE.\n"},
+        {Cellular_RoamingEnabled, "1", "roaming", "1", "CREDSE.\n"},
+        {INTERFACE(Enable), "0", "disabled", "1", "CEDSE. \n"},
+        {INTERFACE(Enable), "1", "disabled", "0", "CEDSE. \n"},
+        {ACCESS_POINT(Enable), "0", "isp", "auto", "FTSCAIA.\n"}})
+    expect_stored(handler, value, std::string("network.4g.") + option, stored, kApplied, failure);
+  expect_sets({{Cellular_RoamingEnabled, "01", accepted(kApplied)},
                {INTERFACE(Enable), "", accepted(kApplied)},
-               {INTERFACE(Enable), "1", kRefused, {logs("CEDSE. \n")}, no_store},
-               {ACCESS_POINT(Enable), "0", accepted(kApplied), {stores("network.4g.isp", "auto")}},
-               {ACCESS_POINT(Enable), "0", kRefused, {logs("FTSCAIA.\n")}, no_store},
-               {ACCESS_POINT(Enable), "1", accepted(kApplied), {}, no_store}});
+               {ACCESS_POINT(Enable), "1", accepted(kApplied)}});
 }
 
 TEST_F(Cellular, StatusAddressAndCountersAreThoseOfTheLink) {
@@ -87,9 +84,7 @@ TEST_F(Cellular, StatusAddressAndCountersAreThoseOfTheLink) {
                {INTERFACE(IPAddress), down, "10.64.1.2"},
                {INTERFACE(SubnetMask), as_is, "0.0.0.0"},
                {INTERFACE(SubnetMask), down, "255.255.255.252"}});
-  expect_counters("4g",
-                  {INTERFACE(Stats_BytesSent), INTERFACE(Stats_BytesReceived), INTERFACE(Stats_PacketsSent),
-                   INTERFACE(Stats_PacketsReceived), INTERFACE(Stats_ErrorsSent), INTERFACE(Stats_ErrorsReceived)});
+  expect_counters("4g", COUNTERS(Cellular_Interface_Stats_));
 }
 
 TEST_F(Cellular, IdentityIsWhatTheModemServiceKeeps) {
@@ -113,24 +108,18 @@ const std::pair<parameter_handler, const char*> kCellValues[] = {{INTERFACE(RSRP
                                                                  {INTERFACE(CELLID), "FTGCID. \n"}};
 
 TEST_F(Cellular, ServingCellValuesArePickedByAccessTechnology) {
-  const struct {
-    const char* modem;  // the lab's
-    const char* technology;
-    const char* pick;       // the line selection of the command
-    const char* fields[4];  // RSRP, RSRQ, SINR, CELLID
-    const char* values[4];
-  } cells[] = {
-      {"nr5g-sa", "NR5G-SA", "tail -n 1", {"13", "14", "15", "7"}, {"-92", "-11", "18", "1A2B3C001"}},
-      {"nr5g-nsa", "NR5G-NSA", "tail -n 2 | head -n 1", {"12", "13", "15", "5"}, {"-97", "-12", "14", "2C3D4E2"}},
-      {"lte", "LTE", "tail -n 1", {"14", "15", "17", "7"}, {"-101", "-13", "11", "3D4E5F3"}},
-  };
-  for (const auto& [model, technology, pick, fields, values] : cells) {
+  const std::tuple<const char*, const char*, const char*, std::vector<std::pair<const char*, const char*>>> cells[] = {
+      {"nr5g-sa", "NR5G-SA", "tail -n 1", {{"13", "-92"}, {"14", "-11"}, {"15", "18"}, {"7", "1A2B3C001"}}},
+      {"nr5g-nsa", "NR5G-NSA", "tail -n 2 | head -n 1", {{"12", "-97"}, {"13", "-12"}, {"15", "14"}, {"5", "2C3D4E2"}}},
+      {"lte", "LTE", "tail -n 1", {{"14", "-101"}, {"15", "-13"}, {"17", "11"}, {"7", "3D4E5F3"}}}};
+  for (const auto& [model, technology, pick, values] : cells) {
     const Source modem = file("/etc/lab/bus/network.gcom/at.json", R"({"script": "/usr/libexec/lab/modem-at"})") &&
                          file("/etc/lab/modem", model);
     expect_gets({{INTERFACE(CurrentAccessTechnology), modem && asks(kServingCell), technology}});
-    for (size_t i = 0; i < std::size(kCellValues); ++i) {
-      const std::string command = kServingCell + " | " + pick + " | awk -F, '{ print $" + fields[i] + " }'";
-      expect_gets({{kCellValues[i].first, modem && asks(command), values[i]}});
+    size_t next = 0;
+    for (const auto& [field, value] : values) {
+      const std::string command = kServingCell + " | " + pick + " | awk -F, '{ print $" + field + " }'";
+      expect_gets({{kCellValues[next++].first, modem && asks(command), value}});
     }
   }
 }
@@ -177,7 +166,7 @@ TEST_F(Cellular, WithoutAControlDeviceThereIsNoQuestionToAsk) {
 const char kSimSlot[] = "cat /var/run/4g/simslot";
 
 TEST_F(Cellular, CredentialsAreThoseOfTheSimSlot) {
-  const Source manual = setting("isp", "manual");
+  setting("isp", "manual").put();
   for (const auto& [handler, option, no_slot, not_stored] :
        {std::tuple{&ACCESS_POINT(APN), "apn", "FTGSS.\n", "FTSAN.\n"},
         {ACCESS_POINT(Username), "username", "FTGSS.\n", "FTSCAUN.\n"},
@@ -186,15 +175,14 @@ TEST_F(Cellular, CredentialsAreThoseOfTheSimSlot) {
       const Source sim = prints(kSimSlot, slot);
       const std::string name = option + slot;
       const std::string log = slot.empty() ? no_slot : "";
-      expect_gets(
-          {{handler, manual && sim, kUntouched, log}, {handler, manual && sim && setting(name, "it's"), "it's", log}});
+      expect_gets({{handler, sim, kUntouched, log}, {handler, sim && setting(name, "it's"), "it's", log}});
       Effects effects{stores("network.4g." + name, "it's"), runs(kSimSlot)};
-      if (name.starts_with("apn")) effects.insert(effects.begin() + 1, stores("network.4g.isp", "manual"));
+      if (name.starts_with("apn")) effects.insert(effects.begin() + 1, mirrors("network.4g.isp", "manual"));
       if (slot.empty()) effects.push_back(logs(no_slot));
       expect_sets({{handler, "it's", accepted(), effects, sim}});
     }
     const Effects failed{runs(kSimSlot), logs(not_stored)};
-    expect_sets({{handler, "lost", kRefused, failed, prints(kSimSlot, "2") && no_store}});
+    expect_sets({{handler, "lost", kRefused, failed, prints(kSimSlot, "2") && write_fails("network.4g")}});
   }
 }
 
@@ -207,16 +195,16 @@ TEST_F(Cellular, AnAccessPointNameIsTheServersOrTheNetworks) {
   }
   expect_gets({{ACCESS_POINT(APN), setting("isp", "any") && prints(kSimSlot, "1\n"), "internet"}});
 
-  setting("isp", "manual").put();
   const Source odd_slot = prints(kSimSlot, "1234567\n");  // of which an access point's option takes five characters
-  expect_gets({{ACCESS_POINT(APN), odd_slot && setting("apn12345", "five"), "five"},
+  expect_gets({{ACCESS_POINT(APN), odd_slot && setting("isp", "manual") && setting("apn12345", "five"), "five"},
                {ACCESS_POINT(Username), odd_slot && setting("username1234567", "all"), "all"}});
 
-  seams().on_log = [](const std::string& message) {
-    if (message.ends_with("uci set network.4g.isp=manual.\n\n")) no_store.put();
-  };
-  EXPECT_EQ(set(ACCESS_POINT(APN), "private.example"), kRefused);
-  EXPECT_EQ(messages().back(), "FTSCAIM.\n");
+  const std::string name = stores("network.4g.apn2", "a.example");
+  const std::string manual = stores("network.4g.isp", "manual");
+  const Source second = prints(kSimSlot, "2");
+  const Effects half = {name, runs(kSimSlot), logs("FTSCAIM.\n")};
+  expect_sets({{ACCESS_POINT(APN), "a.example", accepted(), {name, manual, runs(kSimSlot)}, second},
+               {ACCESS_POINT(APN), "a.example", kRefused, half, second && write_fails("network.4g.isp")}});
 }
 
 }  // namespace

@@ -12,58 +12,36 @@ namespace {
 
 class NeighbourScan : public TableTest {};
 
-const std::string kState = "/tmp/diag/neighboringwifi_state";
-
-TEST_F(NeighbourScan, IsAskedForThroughItsStateFile) {
-  expect_gets({{SCAN(DiagnosticsState), as_is, "None", "FTGDS.\n"},
-               {SCAN(DiagnosticsState), file(kState, ""), "None"},
-               {SCAN(DiagnosticsState), file(kState, "Complete\nmore"), "Complete\n"},
-               {SCAN(DiagnosticsState), file(kState, std::string(150, 's')), std::string(99, 's')}});
-  get(SCAN(DiagnosticsState));
-  EXPECT_TRUE(seams().syslog.back().starts_with("pkg-wl.c, "));
-  const Effects asked = {writes(kState, "Requested")};
-  expect_sets({{SCAN(DiagnosticsState), "Requested", accepted(0x80000), asked},
-               {SCAN(DiagnosticsState), "Requested", accepted(0x80000), asked, file(kState, "Complete, and more")},
-               {SCAN(DiagnosticsState), "Requested", accepted(0x80000), {}, file(kState, "Requested")},
-               {SCAN(DiagnosticsState), "Requested", kRefused, {logs("FTSDS.\n")}, no_file("/tmp/diag")},
-               {SCAN(DiagnosticsState), "None", kRefused, {}, file(kState, "Complete")}});
-}
-
 TEST_F(NeighbourScan, ResultsAreReadFromItsList) {
-  const auto result = [](const std::string& option, const std::string& value) {
+  const auto list = [](const std::string& option, const std::string& value) {
     return file("/tmp/tr069/aplist", "config ap '12'\n\toption " + option + " '" + value + "'\n");
   };
-  const auto at = [](parameter_handler handler) { return At{handler, {12, 0}}; };
-  expect_gets({{at(SCAN(Result_SSID)), result("ssid", "a b"), "a b"},
-               {at(SCAN(Result_BSSID)), result("bssid", "02:00"), "02:00"},
-               {at(SCAN(Result_Channel)), result("channel", "13"), "13"},
-               {at(SCAN(Result_SignalStrength)), result("real_rssi", "40"), "-60"},
-               {at(SCAN(Result_SignalStrength)), result("real_rssi", "0"), "-100"},
-               {at(SCAN(Result_SignalStrength)), result("real_rssi", "loud"), "-100"},
-               {at(SCAN(Result_OperatingFrequencyBand)), result("operatingFrequencyBand", "2.4GHz"), "2.4GHz"},
-               {at(SCAN(Result_Radio)), result("operatingFrequencyBand", "2.4G"), "Device.WiFi.Radio.1"},
-               {at(SCAN(Result_Radio)), result("operatingFrequencyBand", "5G"), "Device.WiFi.Radio.2"},
-               {at(SCAN(Result_Radio)), result("operatingFrequencyBand", "2.4GHz"), ""},
-               {at(SCAN(Result_OperatingChannelBandwidth)), result("htbw", "ht20"), "20MHz"},
-               {at(SCAN(Result_OperatingChannelBandwidth)), result("htbw", "ht40"), "40MHz"},
-               {at(SCAN(Result_OperatingChannelBandwidth)), result("htbw", "ht80"), "80MHz"},
-               {at(SCAN(Result_OperatingChannelBandwidth)), result("htbw", "ht160"), "160MHz"},
-               {at(SCAN(Result_OperatingChannelBandwidth)), result("htbw", "auto"), "auto"}});
-  for (const parameter_handler handler :
-       {SCAN(Result_SSID), SCAN(Result_BSSID), SCAN(Result_Channel), SCAN(Result_SignalStrength), SCAN(Result_Radio),
-        SCAN(Result_OperatingFrequencyBand), SCAN(Result_OperatingChannelBandwidth)}) {
-    expect_gets({{at(handler), result("half", "written"), ""},
-                 {At{handler, {13, 0}}, result("ssid", "x"), ""},
-                 {handler, as_is, ""},
-                 {At{handler, {0, 0}}, result("ssid", "x"), kGetFailed, "LE\n"}});
+  for (const auto& [handler, option, text, shown] :
+       {std::tuple{&SCAN(Result_SSID), "ssid", "a b", "a b"},
+        {SCAN(Result_BSSID), "bssid", "02:00", "02:00"},
+        {SCAN(Result_Channel), "channel", "13", "13"},
+        {SCAN(Result_OperatingFrequencyBand), "operatingFrequencyBand", "2.4GHz", "2.4GHz"},
+        {SCAN(Result_SignalStrength), "real_rssi", "40", "-60"},
+        {SCAN(Result_SignalStrength), "real_rssi", "loud", "-100"},
+        {SCAN(Result_Radio), "operatingFrequencyBand", "2.4G", "Device.WiFi.Radio.1"},
+        {SCAN(Result_Radio), "operatingFrequencyBand", "5G", "Device.WiFi.Radio.2"},
+        {SCAN(Result_Radio), "operatingFrequencyBand", "2.4GHz", ""},
+        {SCAN(Result_OperatingChannelBandwidth), "htbw", "ht160", "160MHz"},
+        {SCAN(Result_OperatingChannelBandwidth), "htbw", "auto", "auto"}}) {
+    expect_gets({{At{handler, {12, 0}}, list(option, text), shown},
+                 {At{handler, {12, 0}}, list("half", "written"), ""},
+                 {At{handler, {13, 0}}, list(option, text), ""},
+                 {At{handler, {0, 0}}, list(option, text), kGetFailed, "LE\n"}});
   }
+  get(SCAN(Result_SSID), {0, 0});
+  EXPECT_TRUE(seams().syslog.back().starts_with("pkg-wl.c, "));
 }
 
 TEST_F(NeighbourScan, ResultsAreCountedOnceTheHostsAreThere) {
   EXPECT_EQ(get(SCAN(ResultNumberOfEntries)), answered("0"));
   EXPECT_EQ(commands(), std::vector<std::string>{"/usr/bin/tr069/gen_hosts"});
-  expect_gets(
-      {{SCAN(ResultNumberOfEntries), file("/tmp/tr069/aplist", "config info 'info'\n\toption count '12'\n"), "12"}});
+  const Source twelve = file("/tmp/tr069/aplist", "config info 'info'\n\toption count '12'\n");
+  expect_gets({{SCAN(ResultNumberOfEntries), twelve, "12"}});
 }
 
 // ---- The wireless service ----
@@ -87,17 +65,7 @@ class WirelessService : public DeviceTest {
   }
 };
 
-TEST_F(WirelessService, WhatOneTreeChangesTheOtherReads) {
-  EXPECT_EQ(set(WiFi_SSID_SSID, "Guests", {3, 0}), accepted(APPLY_MULTI_SSID));
-  EXPECT_EQ(text(MULTI(SSID), {1, 1}), "Guests");
-  EXPECT_EQ(set(WLAN(X_KOVA_Password), "new passphrase", {1, 2}), accepted(APPLY_WLAN));
-  EXPECT_EQ(text(WiFi_AccessPoint_Security_KeyPassphrase, {2, 0}), "new passphrase");
-  EXPECT_EQ(set(MULTI(BeaconType), "11i", {1, 2}), accepted(APPLY_MULTI_SSID));
-  EXPECT_EQ(text(WiFi_AccessPoint_Security_ModeEnabled, {4, 0}), "WPA-PSK/WPA2-PSK");
-  EXPECT_EQ(set(WiFi_AccessPoint_Security_ModeEnabled, "None", {1, 0}), accepted(APPLY_WLAN));
-  EXPECT_EQ(text(WLAN(BeaconType), {1, 1}), "None");
-
-  // A channel is in use once it has been applied.
+TEST_F(WirelessService, AChannelIsInUseOnceItHasBeenApplied) {
   EXPECT_EQ(text(WLAN(AutoChannelEnable), {1, 1}), "1");
   EXPECT_EQ(set(WiFi_Radio_Channel, "13", {1, 0}), accepted(APPLY_WLAN));
   EXPECT_EQ(set(WiFi_Radio_Channel, "36", {1, 0}), kRefused);

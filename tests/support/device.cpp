@@ -1,10 +1,7 @@
 #include "support/device.hpp"
 
-#include <uci.h>
-
 #include <algorithm>
 #include <fstream>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 
@@ -12,20 +9,6 @@
 
 namespace kova::test {
 namespace {
-
-using Context = std::unique_ptr<uci_context, decltype(&uci_free_context)>;
-
-Context open_store(const std::string& directory) {
-  Context context(uci_alloc_context(), &uci_free_context);
-  uci_set_confdir(context.get(), directory.c_str());
-  return context;
-}
-
-std::optional<std::string> stored_at(const std::string& directory, const std::string& path) {
-  const size_t first = path.find('.');
-  const size_t second = path.find('.', first + 1);
-  return stored(directory, path.substr(0, first), path.substr(first + 1, second - first - 1), path.substr(second + 1));
-}
 
 // Made once; later tests put back only what the one before has changed, which is quick.
 DeviceState factory_state() {
@@ -35,28 +18,21 @@ DeviceState factory_state() {
 
 }  // namespace
 
-std::optional<std::string> stored(const std::string& directory, const std::string& package, const std::string& section,
-                                  const std::string& option) {
-  const Context context = open_store(directory);
-  uci_package* loaded = nullptr;
-  if (uci_load(context.get(), package.c_str(), &loaded) != UCI_OK) return std::nullopt;
-  std::string path = package + "." + section + "." + option;
+std::optional<std::string> stored(const std::string& directory, const std::string& path) {
+  const Store store = open_store(directory);
+  std::string text = path;
   uci_ptr element = {};
-  if (uci_lookup_ptr(context.get(), &element, path.data(), true) != UCI_OK || element.o == nullptr) return std::nullopt;
-  if (element.o->type == UCI_TYPE_STRING) return element.o->v.string;
-  std::string elements;
-  uci_element* element_of_list = nullptr;
-  uci_foreach_element(&element.o->v.list, element_of_list) elements += std::string("|") + element_of_list->name;
-  return elements;
+  if (uci_lookup_ptr(store.get(), &element, text.data(), true) != UCI_OK || element.o == nullptr) return std::nullopt;
+  return value_of(*element.o);
 }
 
 void configure(const std::string& path, const std::string& value) {
-  const Context context = open_store("/etc/config");
+  const Store store = open_store("/etc/config");
   std::string text = path;
   uci_ptr element = {};
-  if (uci_lookup_ptr(context.get(), &element, text.data(), true) != UCI_OK) throw std::runtime_error("no " + path);
+  if (uci_lookup_ptr(store.get(), &element, text.data(), true) != UCI_OK) throw std::runtime_error("no " + path);
   element.value = value.c_str();
-  if (uci_set(context.get(), &element) != UCI_OK || uci_commit(context.get(), &element.p, false) != UCI_OK)
+  if (uci_set(store.get(), &element) != UCI_OK || uci_commit(store.get(), &element.p, false) != UCI_OK)
     throw std::runtime_error("cannot set " + path);
 }
 
@@ -79,12 +55,6 @@ void DeviceTest::SetUp() {
   factory.restore();
   write_file("/tmp/cwmp_debug", "");
   seams() = Seams();
-}
-
-std::optional<std::string> DeviceTest::config(const std::string& path) { return stored_at("/etc/config", path); }
-std::optional<std::string> DeviceTest::mirror(const std::string& path) { return stored_at("/tmp/cwmp-config", path); }
-std::optional<std::string> DeviceTest::forced_mirror(const std::string& path) {
-  return stored_at("/tmp/cwmp-config-force", path);
 }
 
 std::string DeviceTest::task_record() { return contents("/tmp/tr069/cmd_record").value_or(""); }

@@ -11,9 +11,9 @@
 
 namespace kova::test {
 
-// One option as a file of a store holds it; nullopt when it is not there. A list reads as its elements, each after "|".
-std::optional<std::string> stored(const std::string& directory, const std::string& package, const std::string& section,
-                                  const std::string& option);
+// One option as a file of a store holds it, "package.section.option"; nullopt when it is not there. A list reads as its
+// elements, each after "|".
+std::optional<std::string> stored(const std::string& directory, const std::string& path);
 
 // Changes the main store behind the plug-in's back; an empty value removes the option. "package.section.option".
 void configure(const std::string& path, const std::string& value);
@@ -27,9 +27,9 @@ class DeviceTest : public testing::Test {
   void SetUp() override;
 
   // Options of the main store, of the change mirror, and of the forced-change mirror; "package.section.option".
-  static std::optional<std::string> config(const std::string& path);
-  static std::optional<std::string> mirror(const std::string& path);
-  static std::optional<std::string> forced_mirror(const std::string& path);
+  static auto config(const std::string& path) { return stored("/etc/config", path); }
+  static auto mirror(const std::string& path) { return stored("/tmp/cwmp-config", path); }
+  static auto forced_mirror(const std::string& path) { return stored("/tmp/cwmp-config-force", path); }
 
   // The task records; empty when there is none.
   static std::string task_record();

@@ -1,11 +1,7 @@
 #include "support/device_state.hpp"
 
-extern "C" {
-#include <uci.h>
-}
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
 #include <sstream>
 
 #include "support/device.hpp"
@@ -34,15 +30,27 @@ bool is_foreign(const fs::path& path) {
   return kept != nullptr && path == kept;
 }
 
-using Options = std::map<std::string, std::string>;
+// ---- Texts by name: the options of a package, the files of a router ----
 
-std::string value_of(const uci_option& option) {
-  if (option.type == UCI_TYPE_STRING) return option.v.string;
-  std::string list;
-  uci_element* element = nullptr;
-  uci_foreach_element(&option.v.list, element) list += std::string("|") + element->name;
-  return list;
+template <typename Name>
+std::string text_of(const std::map<Name, std::string>& texts, const Name& name) {
+  const auto found = texts.find(name);
+  return found != texts.end() ? found->second : std::string();
 }
+
+template <typename Name>
+std::vector<Name> changed(const std::map<Name, std::string>& before, const std::map<Name, std::string>& after) {
+  std::map<Name, std::string> all = before;
+  all.insert(after.begin(), after.end());
+  std::vector<Name> names;
+  for (const auto& [name, ignored] : all) {
+    if (text_of(before, name) != text_of(after, name)) names.push_back(name);
+  }
+  return names;
+}
+
+using Options = std::map<std::string, std::string>;
+using Files = std::map<fs::path, std::string>;
 
 // The options of a package file's text, by path; a section's type by the path of the section.
 Options options_of(const std::string& package, const std::string& text) {
@@ -50,11 +58,10 @@ Options options_of(const std::string& package, const std::string& text) {
   fs::create_directory(directory);
   write_file(directory / package, text);
   Options options;
-  const std::unique_ptr<uci_context, decltype(&uci_free_context)> context(uci_alloc_context(), &uci_free_context);
-  uci_set_confdir(context.get(), directory.c_str());
-  uci_set_savedir(context.get(), directory.c_str());
+  const Store store = open_store(directory);
+  uci_set_savedir(store.get(), directory.c_str());
   uci_package* loaded = nullptr;
-  if (uci_load(context.get(), package.c_str(), &loaded) == UCI_OK) {
+  if (uci_load(store.get(), package.c_str(), &loaded) == UCI_OK) {
     uci_element* element = nullptr;
     uci_foreach_element(&loaded->sections, element) {
       const uci_section& section = *uci_to_section(element);
@@ -68,52 +75,29 @@ Options options_of(const std::string& package, const std::string& text) {
   return options;
 }
 
+// ---- Changes of options ----
+
 using Change = std::pair<std::string, std::string>;  // an option's path and its value, empty for none
 
-std::vector<Change> changes_between(const Options& before, const Options& after) {
-  Options all = before;
-  all.insert(after.begin(), after.end());
-  std::vector<Change> changed;
-  const auto value = [](const Options& options, const std::string& path) {
-    const auto found = options.find(path);
-    return found != options.end() ? found->second : std::string();
-  };
-  for (const auto& [path, ignored] : all) {
-    if (value(before, path) != value(after, path)) changed.emplace_back(path, value(after, path));
-  }
-  return changed;
-}
-
-bool take(std::vector<Change>& changed, const Change& wanted) {
-  const auto found = std::find(changed.begin(), changed.end(), wanted);
-  if (found == changed.end()) return false;
-  changed.erase(found);
+bool take(std::vector<Change>& changes, const Change& wanted) {
+  const auto found = std::find(changes.begin(), changes.end(), wanted);
+  if (found == changes.end()) return false;
+  changes.erase(found);
   return true;
-}
-
-using Files = std::map<fs::path, std::string>;
-
-std::string text_of(const Files& files, const fs::path& path) {
-  const auto found = files.find(path);
-  return found != files.end() ? found->second : std::string();
 }
 
 // The changes in all package files of a directory.
 std::vector<Change> changes_below(const fs::path& directory, const Files& before, const Files& after) {
-  Files all = before;
-  all.insert(after.begin(), after.end());
-  std::vector<Change> changed;
-  for (const auto& [path, ignored] : all) {
-    if (path.parent_path() != directory || text_of(before, path) == text_of(after, path)) continue;
+  std::vector<Change> changes;
+  for (const fs::path& path : changed(before, after)) {
+    if (path.parent_path() != directory) continue;
     const std::string package = path.filename();
-    const auto found =
-        changes_between(options_of(package, text_of(before, path)), options_of(package, text_of(after, path)));
-    changed.insert(changed.end(), found.begin(), found.end());
+    const Options now = options_of(package, text_of(after, path));
+    for (const std::string& option : changed(options_of(package, text_of(before, path)), now))
+      changes.emplace_back(option, text_of(now, option));
   }
-  return changed;
+  return changes;
 }
-
-bool is_section(const std::string& path) { return std::count(path.begin(), path.end(), '.') == 1; }
 
 // The mirrors' changes are told with those of the main store that they repeat. A removed option leaves no trace there,
 // and a section that only a mirror lacked comes with its option.
@@ -130,20 +114,18 @@ std::vector<std::string> stored_since(const Files& before, const Files& after) {
     }
   }
   for (const auto& [path, value] : mirrored) {
-    if (!is_section(path)) effects.push_back(mirrors(path, value));
+    if (std::count(path.begin(), path.end(), '.') > 1) effects.push_back(mirrors(path, value));
   }
   return effects;
 }
 
-// What libuci leaves in the save directory once there is nothing to save.
-bool is_empty_delta(const fs::path& path, const std::string& text) {
-  return path.parent_path() == kSaveDirectory && text.empty();
-}
+// ---- Changes of files ----
 
-bool is_told_otherwise(const fs::path& path) {
+// The change is told otherwise, or it is what libuci leaves once there is nothing to save.
+bool is_told_otherwise(const fs::path& path, const std::string& text) {
   const fs::path directory = path.parent_path();
   return directory == kMainStore || directory == kMirror || directory == kForcedMirror || path == kRecord ||
-         path == kRecordOnce;
+         path == kRecordOnce || (directory == kSaveDirectory && text.empty());
 }
 
 std::string added_text(const Files& before, const Files& after, const fs::path& path) {
@@ -160,6 +142,20 @@ std::vector<std::string> lines_of(const std::string& text) {
 }
 
 }  // namespace
+
+Store open_store(const std::string& directory) {
+  Store store(uci_alloc_context(), &uci_free_context);
+  uci_set_confdir(store.get(), directory.c_str());
+  return store;
+}
+
+std::string value_of(const uci_option& option) {
+  if (option.type == UCI_TYPE_STRING) return option.v.string;
+  std::string list;
+  uci_element* element = nullptr;
+  uci_foreach_element(&option.v.list, element) list += std::string("|") + element->name;
+  return list;
+}
 
 DeviceState::DeviceState() {
   for (const fs::path root : kRoots) {
@@ -205,16 +201,17 @@ std::vector<std::string> DeviceState::effects() const {
   const DeviceState now;
   std::vector<std::string> effects = stored_since(files_, now.files_);
   for (const std::string& line : lines_of(added_text(files_, now.files_, kRecord))) effects.push_back(records(line));
-  if (text_of(files_, kRecordOnce) != text_of(now.files_, kRecordOnce)) {
-    for (const std::string& line : lines_of(text_of(now.files_, kRecordOnce))) effects.push_back(records_once(line));
+  const std::string once = text_of(now.files_, kRecordOnce);
+  if (once != text_of(files_, kRecordOnce)) {
+    for (const std::string& line : lines_of(once)) effects.push_back(records_once(line));
   }
   for (const auto& [path, text] : now.files_) {
     const auto before = files_.find(path);
-    if (is_told_otherwise(path) || is_empty_delta(path, text)) continue;
-    if (before == files_.end() || before->second != text) effects.push_back(writes(path, text));
+    if (before != files_.end() && before->second == text) continue;
+    if (!is_told_otherwise(path, text)) effects.push_back(writes(path, text));
   }
-  for (const auto& [path, ignored] : files_) {
-    if (!is_told_otherwise(path) && !now.files_.contains(path)) effects.push_back(removes(path));
+  for (const auto& [path, text] : files_) {
+    if (!now.files_.contains(path) && !is_told_otherwise(path, text)) effects.push_back(removes(path));
   }
   return effects;
 }

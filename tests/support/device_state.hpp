@@ -1,13 +1,23 @@
 // The router's files at one time, and what has happened to them since.
 #pragma once
 
+#include <uci.h>
+
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace kova::test {
+
+// The package files of a directory.
+using Store = std::unique_ptr<uci_context, decltype(&uci_free_context)>;
+Store open_store(const std::string& directory);
+
+// A list reads as its elements, each after "|".
+std::string value_of(const uci_option& option);
 
 class DeviceState {
  public:

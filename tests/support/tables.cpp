@@ -38,6 +38,8 @@ class RowScope {
   Seams seams_ = seams();
 };
 
+Effects logged_if_any(const std::string& message) { return message.empty() ? Effects{} : Effects{logs(message)}; }
+
 std::string answer_file(const std::string& object) { return "/etc/lab/bus/" + object + "/status.json"; }
 
 }  // namespace
@@ -83,6 +85,15 @@ Source prints(const std::string& command, const std::string& output) {
 
 Source asks(const std::string& command) {
   return {[] {}, {command}};
+}
+
+Source write_fails(const std::string& setting) {
+  return {[=] {
+    seams().on_log = [=](const std::string& message) {
+      if (message.find(": uci set " + setting) != std::string::npos) seams().config_context_fails = true;
+      if (message.ends_with(": FTSUC.\n\n")) seams().config_context_fails = false;
+    };
+  }};
 }
 
 Source exits(int status) {
@@ -133,10 +144,17 @@ void TableTest::expect_options(const std::vector<OptionGet>& rows) {
     expect_gets({{at, option(path, "as it's"), "as it's"}, {at, option(path, ""), missing, log}});
 }
 
+void TableTest::expect_stored(const At& at, const std::string& value, const std::string& path,
+                              const std::string& stored, uint32_t bits, const std::string& failure) {
+  const Source other = option(path, stored.empty() ? "other" : "");
+  expect_sets({{at, value, accepted(bits), {stores(path, stored)}, other},
+               {at, value, kRefused, logged_if_any(failure), other && write_fails(path)}});
+}
+
 void TableTest::expect_recorded(const At& at, const std::string& value, const std::string& arguments,
                                 const std::string& failure) {
   expect_sets({{at, value, accepted(APPLY_TASK_COMMANDS), {records("lua /usr/bin/tr069/verify_pms " + arguments)}},
-               {at, value, kRefused, failure.empty() ? Effects{} : Effects{logs(failure)}, no_file("/tmp/tr069")}});
+               {at, value, kRefused, logged_if_any(failure), no_file("/tmp/tr069")}});
 }
 
 void TableTest::expect_counters(const std::string& interface, const std::vector<parameter_handler>& counters,

@@ -40,6 +40,8 @@ Source prints(const std::string& command, const std::string& output);
 Source asks(const std::string& command);
 // Commands whose output would be read cannot be started.
 inline const Source no_pipes{[] { seams().popen_fails = true; }};
+// The store refuses the first write of this: "package.section.option", or with "=" and the beginning of a value.
+Source write_fails(const std::string& setting);
 // No command is run: each of those given to system ends with this status, as wait has it.
 Source exits(int status);
 // The bus's answer to the method status of an object, as a reply or as the cases that lab/README.md describes.
@@ -92,17 +94,28 @@ struct Set {
   Source before = as_is;
 };
 
+// The six counters of an object, in the order of their test.
+#define COUNTERS(prefix)                                                                                        \
+  {                                                                                                             \
+    prefix##BytesSent, prefix##BytesReceived, prefix##PacketsSent, prefix##PacketsReceived, prefix##ErrorsSent, \
+        prefix##ErrorsReceived                                                                                  \
+  }
+
 class TableTest : public DeviceTest {
  protected:
   static void expect_gets(const std::vector<Get>& rows);
   static void expect_options(const std::vector<OptionGet>& rows);
   static void expect_sets(const std::vector<Set>& rows);
 
+  // A set that stores a text in an option and marks bits; `failure` is logged when it cannot be stored.
+  static void expect_stored(const At& at, const std::string& value, const std::string& path, const std::string& stored,
+                            uint32_t bits = 0, const std::string& failure = "");
+
   // A set for which the agent runs the verify script after the request; `failure` is logged when it cannot be recorded.
   static void expect_recorded(const At& at, const std::string& value, const std::string& arguments,
                               const std::string& failure = "");
 
-  // Counters of the interface's layer-3 device: bytes, packets and errors, each sent and received.
+  // COUNTERS of the interface's layer-3 device.
   static void expect_counters(const std::string& interface, const std::vector<parameter_handler>& counters,
                               const Source& also = as_is);
 };
