@@ -119,9 +119,9 @@ TEST_F(Kovadm, ListsTheCatalogueBelowABeginningOfPaths) {
   for (const json& parameter : document["parameters"]) handlers.insert(parameter["handler"]);
   EXPECT_EQ(handlers.size(), std::size(kCatalogue));
 
-  EXPECT_EQ(kovadm("list Device.LEDs.LED").out, R"(Device.LEDs.LEDNumberOfEntries  read-only   unsignedInt
-Device.LEDs.LED.{i}.Name        read-only   string
-Device.LEDs.LED.{i}.Status      read-only   string
+  EXPECT_EQ(kovadm("list Device.LEDs.LED").out, R"(Device.LEDs.LEDNumberOfEntries  read-only  unsignedInt
+Device.LEDs.LED.{i}.Name        read-only  string
+Device.LEDs.LED.{i}.Status      read-only  string
 )");
   EXPECT_EQ(kovadm("list Device.LEDs.LED.3.").lines().size(), 2U);
   const Finished unknown = kovadm("list Device.LED.");
@@ -287,8 +287,75 @@ TEST_F(Kovadm, ARequestWithABadPathChangesNothing) {
   EXPECT_EQ(config("cwmp.info.username"), "kova-cpe");
 }
 
+TEST_F(Kovadm, AValueHasToBeOfTheParametersType) {
+  const char* const whole = "-4294967296 -1 4294967296 1.5 1x +-1 0x1 ''";
+  const char* const not_boolean = "yes 2 TRUE ''";
+  for (const auto& [path, values] : {std::pair{SERVER "PeriodicInformInterval", whole},
+                                     {SERVER "PeriodicInformEnable", not_boolean},
+                                     {LAN "MinAddress", "192.168.1 192.168.1.256 192.168.1.1.1 router"},
+                                     {"Device.Time.CurrentLocalTime", "2026-11-25 2026-11-25T10:00 now"}}) {
+    run(std::string("for value in ") + values + "; do kovadm set " + path + "=$value; done >/root/out 2>&1");
+    std::istringstream lines(*contents("/root/out"));
+    for (std::string line; std::getline(lines, line);)
+      EXPECT_TRUE(line.starts_with("9007 ") && line.find("(no ") != std::string::npos) << line;
+  }
+  for (const char* setting : {SERVER "PeriodicInformInterval=+600", SERVER "PeriodicInformEnable=0",
+                              SERVER "URL=no address", LAN "MinAddress=192.168.1.20"})
+    EXPECT_EQ(kovadm("set '" + std::string(setting) + "'").error, "") << setting;
+  EXPECT_EQ(kovadm("set Device.Time.CurrentLocalTime=2026-11-25T10:00:00.5+01:00").status, 3);
+}
+
+TEST_F(Kovadm, ValuesComeFromFilesToo) {
+  write_file("/root/value", " a b\n\n");
+  EXPECT_EQ(kovadm("set " SERVER "Username=@/root/value").status, 0);
+  EXPECT_EQ(config("cwmp.info.username"), " a b\n");
+  EXPECT_EQ(kovadm("set " SERVER "Username=@@/root/value").status, 0);
+  EXPECT_EQ(config("cwmp.info.username"), "@/root/value");
+  EXPECT_EQ(run("printf one | kovadm set " SERVER "Username=@- >/dev/null"), 0);
+  EXPECT_EQ(config("cwmp.info.username"), "one");
+  write_file("/root/zero", std::string("a\0b", 3));
+  for (const auto& [name, message] : {std::pair{"/root/none", "cannot read /root/none"},
+                                      {"/root", "cannot read /root"},
+                                      {"/root/zero", "/root/zero holds a zero byte, no value can"}}) {
+    const Finished set = kovadm("set " SERVER "Username=two " SERVER "Password=@" + std::string(name));
+    EXPECT_EQ(set.status, 2);
+    EXPECT_EQ(set.error, "kovadm: " + std::string(message) + "\n");
+  }
+  EXPECT_EQ(config("cwmp.info.username"), "one");
+}
+
+// A change of the catalogue's access, or of what it serves, is noticed here.
+TEST_F(Kovadm, ProfilesThatAreServedWhole) {
+  const json all = kovadm("profiles --json").document();
+  std::set<std::string> whole;
+  std::string names;
+  for (const json& profile : all["profiles"]) {
+    const std::string name = profile["name"];
+    if (profile["whole"]) whole.insert(std::string(profile["model"]) + " " + name);
+    names += " " + name;
+  }
+  EXPECT_EQ(all["profiles"].size(), 74U);
+  EXPECT_EQ(whole, (std::set<std::string>{
+                       "TR-098 1.14 DownloadTCP:1", "TR-098 1.14 MemoryStatus:1", "TR-098 1.14 UploadTCP:1",
+                       "TR-181 2.17 CellularInterfaceStats:1", "TR-181 2.17 DownloadTCP:1", "TR-181 2.17 Hosts:1",
+                       "TR-181 2.17 MemoryStatus:1", "TR-181 2.17 UDPConnReq:1", "TR-181 2.17 UploadTCP:1"}));
+
+  std::set<std::string> unexplained;
+  std::set<std::string> differing;
+  const json details = kovadm("profiles --json" + names).document();
+  for (const json& profile : details["profiles"]) {
+    for (const json& parameter : profile["parameters"]) {
+      if (!parameter.contains("reason")) continue;
+      differing.insert(parameter["path"]);
+      if (parameter["reason"] == "") unexplained.insert(parameter["path"]);
+    }
+  }
+  EXPECT_EQ(differing.size(), 41U);
+  EXPECT_EQ(unexplained, std::set<std::string>());
+}
+
 TEST_F(Kovadm, ARefusedValueIsAFaultAndNothingIsApplied) {
-  const Finished set = kovadm("set --apply " SERVER "EnableCWMP=maybe " LAN "IPRouters=192.168.1.2");
+  const Finished set = kovadm("set --apply --force " SERVER "EnableCWMP=maybe " LAN "IPRouters=192.168.1.2");
   EXPECT_EQ(set.status, 1);
   EXPECT_EQ(set.error, "9007 Invalid parameter value: " SERVER "EnableCWMP (refused \"maybe\")\n");
   EXPECT_EQ(set.out, R"(apply: APPLY_TASK_COMMANDS (0x1)

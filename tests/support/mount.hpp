@@ -10,7 +10,7 @@
 
 namespace kova::test {
 
-// Puts an empty file system in memory, of so many KiB, in a directory's place. False where the sandbox does not allow it.
+// Puts an empty file system in memory, of so many KiB, in a directory's place. False where the sandbox forbids it.
 inline bool mount_memory(const char* directory, long size) {
   static const bool may_mount = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
   if (!may_mount) return false;
