@@ -296,10 +296,10 @@ TEST_F(FaultSweep, FindsWhatIsPlanted) {
     free(second);
     return Result{0};
   };
-  const auto forgets_a_pipe = [] {
+  std::vector<FILE*> forgotten;
+  forgotten.reserve(8);
+  const auto forgets_a_pipe = [&] {
     FILE* const pipe = popen("line", "re");
-    static std::vector<FILE*> forgotten;
-    forgotten.reserve(100);
     if (access("/etc/config", F_OK) != 0) return forgotten.push_back(pipe), Result{-1};
     if (pipe != nullptr) pclose(pipe);
     return Result{0};
@@ -322,6 +322,7 @@ TEST_F(FaultSweep, FindsWhatIsPlanted) {
   if (kMemoryFails) kept.insert("access: keeps memory");
   EXPECT_EQ(sweep(leaks), kMemoryFails ? Findings{"malloc: keeps memory"} : Findings{});
   EXPECT_EQ(sweep(forgets_a_pipe), kept);
+  for (FILE* pipe : forgotten) pclose(pipe);
   EXPECT_EQ(sweep(forgets_a_file), Findings{"access: keeps a descriptor"});
   EXPECT_EQ(sweep(marks_too_early), Findings{"access: marks and fails"});
   EXPECT_EQ(sweep(tears), Findings{"write: breaks /etc/config/rpcd"});

@@ -288,17 +288,23 @@ TEST_F(Kovadm, ARequestWithABadPathChangesNothing) {
 }
 
 TEST_F(Kovadm, AValueHasToBeOfTheParametersType) {
-  const char* const whole = "-4294967296 -1 4294967296 1.5 1x +-1 0x1 ''";
-  const char* const not_boolean = "yes 2 TRUE ''";
-  for (const auto& [path, values] : {std::pair{SERVER "PeriodicInformInterval", whole},
-                                     {SERVER "PeriodicInformEnable", not_boolean},
-                                     {LAN "MinAddress", "192.168.1 192.168.1.256 192.168.1.1.1 router"},
-                                     {"Device.Time.CurrentLocalTime", "2026-11-25 2026-11-25T10:00 now"}}) {
-    run(std::string("for value in ") + values + "; do kovadm set " + path + "=$value; done >/root/out 2>&1");
-    std::istringstream lines(*contents("/root/out"));
-    for (std::string line; std::getline(lines, line);)
-      EXPECT_TRUE(line.starts_with("9007 ") && line.find("(no ") != std::string::npos) << line;
+  const std::string integer = " " SERVER "PeriodicInformInterval=";
+  const std::string boolean = " " SERVER "PeriodicInformEnable=";
+  const std::string address = " " LAN "MinAddress=";
+  const std::string time = " Device.Time.CurrentLocalTime=";
+  std::string settings;
+  int number = 0;
+  for (const auto& [path, values] : {std::pair{integer, std::vector{"-1", "4294967296", "1.5", "1x", "+-1", "0x1", ""}},
+                                     {boolean, {"yes", "2", "TRUE", ""}},
+                                     {address, {"192.168.1", "192.168.1.256", "192.168.1.1.1", "router"}},
+                                     {time, {"2026-11-25", "2026-11-25T10:00", "now"}}}) {
+    for (const char* value : values) settings += path + value;
+    number += static_cast<int>(values.size());
   }
+  const Finished refused = kovadm("set --json" + settings);
+  const json faults = refused.document()["faults"];
+  EXPECT_EQ(faults.size(), static_cast<size_t>(number));
+  for (const json& fault : faults) EXPECT_TRUE(std::string(fault["detail"]).starts_with("no ")) << fault;
   for (const char* setting : {SERVER "PeriodicInformInterval=+600", SERVER "PeriodicInformEnable=0",
                               SERVER "URL=no address", LAN "MinAddress=192.168.1.20"})
     EXPECT_EQ(kovadm("set '" + std::string(setting) + "'").error, "") << setting;
