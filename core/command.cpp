@@ -88,7 +88,7 @@ int32_t cwmp_system(const char* command) {
 }
 
 int32_t GetFirmDeviceInfo(int32_t operation, va_list arguments, const char* command) {
-  Call call(operation, arguments, HERE);
+  Call call(operation, place_of(arguments), HERE);
   if (!call.is_get()) return -1;
   Text<100> line;
   if (first_line(command, line.span()) != 0) {

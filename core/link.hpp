@@ -38,11 +38,11 @@ int reply_link_counter(Call& call, const char* interface, interface_counter coun
 // ---- Getters ----
 
 constexpr auto link_status(const char* interface, bus_status_query query, const char* fallback) {
-  return [=](Call& call) { return reply_or(call, interface_status(interface, query).c_str(), fallback); };
+  return [=](Call& call) IN_CODE { return reply_or(call, interface_status(interface, query).c_str(), fallback); };
 }
 
 constexpr auto link_counter(const char* interface, interface_counter counter) {
-  return [=](Call& call) { return reply_link_counter(call, interface, counter); };
+  return [=](Call& call) IN_CODE { return reply_link_counter(call, interface, counter); };
 }
 
 }  // namespace kova

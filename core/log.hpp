@@ -1,6 +1,8 @@
 // The ways to log: LOG("FTSDSE.\n") where it happens, LogMessage where a parameter's line carries the text as data.
 #pragma once
 
+#include <stdio.h>
+
 #include <cstddef>
 
 #include "pkg-tool.h"
@@ -25,22 +27,29 @@ class LogMessage {
   constexpr LogMessage() = default;
 
   template <std::size_t N>
-  consteval LogMessage(const char (&message)[N]) {  // NOLINT(google-explicit-constructor): tables spell plain texts
-    static_assert(kPrefixLength + N <= sizeof format_, "log message too long");
-    for (std::size_t i = 0; i < kPrefixLength; ++i) format_[i] = kPrefix[i];
-    for (std::size_t i = 0; i < N; ++i) format_[kPrefixLength + i] = message[i];
+  consteval LogMessage(const char (&message)[N])
+      : text_(message) {  // NOLINT(google-explicit-constructor): a plain text
+    static_assert(sizeof kPrefix + N <= kLongestFormat, "log message too long");
   }
 
-  // Logs the message, `arguments` filling its own conversions; an empty message logs nothing.
+  // Logs the message; an empty one logs nothing.
+  void print(Origin origin) const {
+    if (text_ != nullptr) normal_debug_print("%s, %d: %s", origin.module, origin.line, text_);
+  }
+
+  // The same with the arguments that the message's own conversions want.
   template <typename... Arguments>
   void print(Origin origin, Arguments... arguments) const {
-    if (format_[0] != '\0') normal_debug_print(format_, origin.module, origin.line, arguments...);
+    if (text_ == nullptr) return;
+    char format[kLongestFormat];
+    snprintf(format, sizeof format, "%s%s", kPrefix, text_);
+    normal_debug_print(format, origin.module, origin.line, arguments...);
   }
 
  private:
   static constexpr char kPrefix[] = "%s, %d: ";
-  static constexpr std::size_t kPrefixLength = sizeof kPrefix - 1;
-  char format_[64] = {};
+  static constexpr std::size_t kLongestFormat = 64;
+  const char* text_ = nullptr;
 };
 
 }  // namespace kova

@@ -8,9 +8,20 @@
 
 namespace kova {
 
-Call::Call(int32_t operation, va_list arguments, Origin origin) : operation_(operation), origin_(origin) {
-  va_copy(as_given_, arguments);
-  va_copy(arguments_, arguments);
+void copy_list(va_list& copy, ListPlace place) { va_copy(copy, *static_cast<va_list*>(place)); }
+
+int32_t serve(int32_t operation, ListPlace arguments, Origin origin, Word get, Word set) {
+  Call call(operation, arguments, origin);
+  return call.is_get() ? get(call) : set(call);
+}
+
+int32_t pass_on(int32_t operation, ListPlace arguments, parameter_handler target) {
+  return pass_on<int32_t(int32_t, va_list)>(operation, arguments, target);
+}
+
+Call::Call(int32_t operation, ListPlace arguments, Origin origin) : operation_(operation), origin_(origin) {
+  copy_list(as_given_, arguments);
+  copy_list(arguments_, arguments);
   instances_ = va_arg(arguments_, int32_t*);
   text_ = va_arg(arguments_, char*);
 }
@@ -31,13 +42,7 @@ int Call::mark(uint32_t bits) {
   return SUCCESS;
 }
 
-int Call::forward(parameter_handler handler) {
-  va_list copy;
-  va_copy(copy, as_given_);
-  const int result = handler(operation_, copy);
-  va_end(copy);
-  return result;
-}
+int Call::forward(parameter_handler handler) { return pass_on(operation_, &as_given_, handler); }
 
 void* Call::third() {
   if (third_ == nullptr) third_ = va_arg(arguments_, void*);
@@ -49,7 +54,7 @@ int reply_option(Call& call, Section section, const char* option, const char* fa
   return call.reply(fallback);
 }
 
-int reply_first_line(Call& call, const char* command, const LogMessage& failure) {
+int reply_first_line(Call& call, const char* command, LogMessage failure) {
   Text<100> line;
   if (first_line(command, line.span()) != 0) {
     failure.print(call.origin());
@@ -58,7 +63,7 @@ int reply_first_line(Call& call, const char* command, const LogMessage& failure)
   return call.reply(line.c_str());
 }
 
-int store_option(Call& call, Section section, const char* option, uint32_t bits, const LogMessage& failure) {
+int store_option(Call& call, Section section, const char* option, uint32_t bits, LogMessage failure) {
   if (uci_raw_set_value(section.package, section.name, option, call.value()) != 0) {
     failure.print(call.origin());
     return FAILURE;
@@ -70,7 +75,7 @@ int reply_or(Call& call, const char* text, const char* fallback) {
   return call.reply(text[0] != '\0' ? text : fallback);
 }
 
-int refuse(Call& call, const LogMessage& message) {
+int refuse(Call& call, LogMessage message) {
   message.print(call.origin());
   return FAILURE;
 }
@@ -82,11 +87,11 @@ bool is_address(const Call& call) {
   return false;
 }
 
-int run_verify(Call& call, const VerifyCommand& command, const LogMessage& failure) {
+int run_verify(Call& call, const VerifyCommand& command, LogMessage failure) {
   return command.run() == SUCCESS ? SUCCESS : refuse(call, failure);
 }
 
-int record_verify(Call& call, const VerifyCommand& command, const LogMessage& failure) {
+int record_verify(Call& call, const VerifyCommand& command, LogMessage failure) {
   return command.record() == SUCCESS ? call.mark(APPLY_TASK_COMMANDS) : refuse(call, failure);
 }
 

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <type_traits>
 
 #include "log.hpp"
 #include "store.hpp"
@@ -20,11 +21,24 @@ namespace kova {
 inline constexpr int SUCCESS = 0;
 inline constexpr int FAILURE = -1;
 
+// A handler's argument list, where it is. On some machines it is an array, which arrives as a pointer, on others a
+// structure; passed on by its place it is copied once only.
+using ListPlace = void*;
+
+template <typename List>
+ListPlace place_of(List& arguments) {
+  if constexpr (std::is_array_v<va_list>) {
+    return arguments;
+  } else {
+    return &arguments;
+  }
+}
+
 // One call of a handler: what it was asked, and what it may answer through.
 class Call {
  public:
   // `arguments` is copied, never shared; `origin` is the parameter's line, under which its words log.
-  Call(int32_t operation, va_list arguments, Origin origin);
+  Call(int32_t operation, ListPlace arguments, Origin origin);
   ~Call() {
     va_end(arguments_);
     va_end(as_given_);
@@ -70,76 +84,110 @@ class Call {
   void* third_ = nullptr;
 };
 
+// Of words that are objects: what they hold becomes part of the code, where a pointer costs less than one in an object,
+// which has to be relocated.
+#define IN_CODE __attribute__((always_inline))
+
+// What a parameter does on a get or on a set.
+using Word = int (*)(Call& call);
+
+template <const auto& object>
+int call_object(Call& call) {
+  return object(call);
+}
+
+template <const auto& object>
+constexpr Word word() {
+  if constexpr (std::is_convertible_v<decltype(object), Word>) {
+    return object;
+  } else {
+    return call_object<object>;
+  }
+}
+
+// The body of every handler, written once to keep them small.
+int32_t serve(int32_t operation, ListPlace arguments, Origin origin, Word get, Word set);
+
+// The list at a place, copied.
+void copy_list(va_list& copy, ListPlace place);
+
+// Passes the operation and a copy of the arguments, untouched, to another handler. Returns its result.
+int32_t pass_on(int32_t operation, ListPlace arguments, parameter_handler target);
+
+// The same for a worker, that takes more behind the arguments.
+template <typename Target, typename... More>
+int32_t pass_on(int32_t operation, ListPlace arguments, Target* target, More... more) {
+  va_list copy;
+  copy_list(copy, arguments);
+  const int32_t result = target(operation, copy, more...);
+  va_end(copy);
+  return result;
+}
+
 // Defines the exported handler.
-#define PARAMETER(handler, getter, setter)                \
-  int32_t handler(int32_t operation, va_list arguments) { \
-    static constexpr auto get = getter;                   \
-    static constexpr auto set = setter;                   \
-    kova::Call call(operation, arguments, HERE);          \
-    return call.is_get() ? get(call) : set(call);         \
+#define PARAMETER(handler, getter, setter)                                                                \
+  int32_t handler(int32_t operation, va_list arguments) {                                                 \
+    static constexpr auto get = getter;                                                                   \
+    static constexpr auto set = setter;                                                                   \
+    return kova::serve(operation, kova::place_of(arguments), HERE, kova::word<get>(), kova::word<set>()); \
   }
 
-// Defines a handler that passes its operation and a copy of its arguments, untouched, to another, and behind them what
-// else that one takes.
-#define ALIAS(alias, target, ...)                                              \
-  int32_t alias(int32_t operation, va_list arguments) {                        \
-    va_list copy;                                                              \
-    va_copy(copy, arguments);                                                  \
-    const int32_t result = target(operation, copy __VA_OPT__(, ) __VA_ARGS__); \
-    va_end(copy);                                                              \
-    return result;                                                             \
+// Defines a handler that has another one, or a worker that takes more arguments, do its calls.
+#define ALIAS(alias, target, ...)                                                                  \
+  int32_t alias(int32_t operation, va_list arguments) {                                            \
+    return kova::pass_on(operation, kova::place_of(arguments), target __VA_OPT__(, ) __VA_ARGS__); \
   }
 
 // ---- What the words do; ordinary functions, so that a debugger can stop in them ----
 
 int reply_option(Call& call, Section section, const char* option, const char* fallback);
-int reply_first_line(Call& call, const char* command, const LogMessage& failure);
-int store_option(Call& call, Section section, const char* option, uint32_t bits, const LogMessage& failure);
+int reply_first_line(Call& call, const char* command, LogMessage failure);
+int store_option(Call& call, Section section, const char* option, uint32_t bits, LogMessage failure);
 int reply_or(Call& call, const char* text, const char* fallback);  // the fallback for an empty text
-int refuse(Call& call, const LogMessage& message);
+int refuse(Call& call, LogMessage message);
 bool is_address(const Call& call);  // the value, an IPv4 address; logged when it is none
-int run_verify(Call& call, const VerifyCommand& command, const LogMessage& failure);
-int record_verify(Call& call, const VerifyCommand& command, const LogMessage& failure);
+int run_verify(Call& call, const VerifyCommand& command, LogMessage failure);
+int record_verify(Call& call, const VerifyCommand& command, LogMessage failure);
 
 // ---- Getters ----
 
 // A fixed text.
 constexpr auto constant(const char* text) {
-  return [=](Call& call) { return call.reply(text); };
+  return [=](Call& call) IN_CODE { return call.reply(text); };
 }
 
 // An option of the main store; the fallback when it cannot be read.
 constexpr auto text(Section section, const char* option, const char* fallback = "") {
-  return [=](Call& call) { return reply_option(call, section, option, fallback); };
+  return [=](Call& call) IN_CODE { return reply_option(call, section, option, fallback); };
 }
 
 // The first line of a command's output, empty when it prints nothing; fails only when the command cannot be started.
 constexpr auto command_line(const char* command, LogMessage failure) {
-  return [=](Call& call) { return reply_first_line(call, command, failure); };
+  return [=](Call& call) IN_CODE { return reply_first_line(call, command, failure); };
 }
 
 // ---- Setters ----
 
 // Writes the value as given to an option of the main store and marks `bits`; a failed write fails the set.
 constexpr auto store(Section section, const char* option, uint32_t bits = 0, LogMessage failure = {}) {
-  return [=](Call& call) { return store_option(call, section, option, bits, failure); };
+  return [=](Call& call) IN_CODE { return store_option(call, section, option, bits, failure); };
 }
 
 // Has the verify script check and apply the value at once.
 constexpr auto verify_now(const char* key, LogMessage failure) {
-  return [=](Call& call) { return run_verify(call, {kVerifyQuoted, key, call.value()}, failure); };
+  return [=](Call& call) IN_CODE { return run_verify(call, {kVerifyQuoted, key, call.value()}, failure); };
 }
 
 // Has the agent run the verify script with the value, unchecked, after the set request.
 constexpr auto verify_later(const char* form, const char* key, LogMessage failure = {}) {
-  return [=](Call& call) { return record_verify(call, {form, key, call.value()}, failure); };
+  return [=](Call& call) IN_CODE { return record_verify(call, {form, key, call.value()}, failure); };
 }
 
 // Fails every set, with a message or silently.
 constexpr auto refused(LogMessage message = {}) {
-  return [=](Call& call) { return refuse(call, message); };
+  return [=](Call& call) IN_CODE { return refuse(call, message); };
 }
-inline constexpr auto read_only = refused();
+inline constexpr auto read_only = [](Call&) { return FAILURE; };
 
 // Accepts every value and does nothing.
 inline constexpr auto ignored = [](Call&) { return SUCCESS; };
@@ -148,7 +196,7 @@ inline constexpr auto ignored = [](Call&) { return SUCCESS; };
 
 // What another handler does; for words that choose one. Where there is no choice an ALIAS forwards.
 constexpr auto forward_to(parameter_handler handler) {
-  return [=](Call& call) { return call.forward(handler); };
+  return [=](Call& call) IN_CODE { return call.forward(handler); };
 }
 
 }  // namespace kova

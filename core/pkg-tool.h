@@ -14,10 +14,15 @@
 #include <stdarg.h>
 #include <stdint.h>
 
-#ifdef __cplusplus
-#define KOVA_API extern "C" __attribute__((visibility("default")))
+#ifdef KOVA_BUILDING_PLUGIN
+#define KOVA_VISIBILITY "protected" /* the library's own calls stay in it */
 #else
-#define KOVA_API extern __attribute__((visibility("default")))
+#define KOVA_VISIBILITY "default"
+#endif
+#ifdef __cplusplus
+#define KOVA_API extern "C" __attribute__((visibility(KOVA_VISIBILITY)))
+#else
+#define KOVA_API extern __attribute__((visibility(KOVA_VISIBILITY)))
 #endif
 #define KOVA_PRINTF(format, first) __attribute__((__format__(__printf__, format, first)))
 

@@ -213,7 +213,7 @@ uci_package* ConfigContext::load(const char* package) const {
   return uci_load(context_, package, &loaded) == UCI_OK ? loaded : nullptr;
 }
 
-WalkedPackage::WalkedPackage(const char* name, Origin origin, const LogMessage& load_failure) {
+WalkedPackage::WalkedPackage(const char* name, Origin origin, LogMessage load_failure) {
   static constexpr LogMessage kNoContext = "[ERR]failed to alloc uci ctx.\n";
   if (!context_) {
     kNoContext.print(origin);

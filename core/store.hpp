@@ -96,7 +96,7 @@ class SectionsOfType {
 // with the text that all walkers use, the one of the load with `load_failure`.
 class WalkedPackage {
  public:
-  WalkedPackage(const char* name, Origin origin, const LogMessage& load_failure);
+  WalkedPackage(const char* name, Origin origin, LogMessage load_failure);
 
   explicit operator bool() const { return package_ != nullptr; }
   SectionsOfType sections(const char* type) const { return {package_, type}; }

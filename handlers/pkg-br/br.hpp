@@ -28,7 +28,8 @@ int store_iptv(Call& call, const char* option, const char* value);
 
 // An option of the main store; fails when it cannot be read.
 constexpr auto stored(Section section, const char* option) {
-  return [=](Call& call) { return uci_raw_extract_value(section.package, section.name, option, call.output()); };
+  return [=](Call& call)
+             IN_CODE { return uci_raw_extract_value(section.package, section.name, option, call.output()); };
 }
 
 }  // namespace kova

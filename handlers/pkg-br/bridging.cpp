@@ -104,12 +104,13 @@ int reply_counter(Call& call, const char* port, bus_status_query counter) {
 }
 
 constexpr auto of_port(int (*answer)(Call&, const char*), const char* without_bridge) {
-  return [=](Call& call) { return reply_for_port(call, without_bridge, answer); };
+  return [=](Call& call) IN_CODE { return reply_for_port(call, without_bridge, answer); };
 }
 
 constexpr auto bridge_port_stats(bus_status_query counter) {
-  return [=](Call& call) {
-    return reply_for_port(call, "", [=](Call& of, const char* port) { return reply_counter(of, port, counter); });
+  return [=](Call& call) IN_CODE {
+    return reply_for_port(call, "",
+                          [=](Call& of, const char* port) IN_CODE { return reply_counter(of, port, counter); });
   };
 }
 

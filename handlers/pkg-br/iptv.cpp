@@ -44,15 +44,15 @@ int store_fitting(Call& call, const char* option, bool (*fits)(const char*)) {
 }
 
 constexpr auto is_one(const char* option) {
-  return [=](Call& call) { return reply_is_one(call, option); };
+  return [=](Call& call) IN_CODE { return reply_is_one(call, option); };
 }
 
 constexpr auto store_vlan_id(const char* option) {
-  return [=](Call& call) { return store_fitting(call, option, is_vlan_id); };
+  return [=](Call& call) IN_CODE { return store_fitting(call, option, is_vlan_id); };
 }
 
 constexpr auto store_priority(const char* option) {
-  return [=](Call& call) { return store_fitting(call, option, is_priority); };
+  return [=](Call& call) IN_CODE { return store_fitting(call, option, is_priority); };
 }
 
 // ---- The LAN ports: the instance number is the port's ----

@@ -17,14 +17,14 @@ int enabled(Call& call) {
 }
 
 // Places the value in a command line as it is, and runs that. What the program makes of it does not count.
-int run_with_value(Call& call, const char* form, const LogMessage& failure) {
+int run_with_value(Call& call, const char* form, LogMessage failure) {
   Text<4096> command;
   if (!command.print(form, call.value()) || run_shell(command.c_str()) == -1) return refuse(call, failure);
   return call.mark(APPLY_QOS);
 }
 
 constexpr auto run(const char* form, LogMessage failure) {
-  return [=](Call& call) { return run_with_value(call, form, failure); };
+  return [=](Call& call) IN_CODE { return run_with_value(call, form, failure); };
 }
 
 int set_enabled(Call& call) {

@@ -28,7 +28,7 @@ int reply_amount(Call& call, const char* name) {
 }
 
 constexpr auto memory(const char* name) {
-  return [=](Call& call) { return reply_amount(call, name); };
+  return [=](Call& call) IN_CODE { return reply_amount(call, name); };
 }
 
 // A line counts for the first of these that it contains: "SwapCached" stands before "Cached" for that reason.

@@ -86,7 +86,7 @@ int reply_ntp_server(Call& call, int position) {
 }
 
 constexpr auto ntp_server(int position) {
-  return [=](Call& call) { return reply_ntp_server(call, position); };
+  return [=](Call& call) IN_CODE { return reply_ntp_server(call, position); };
 }
 
 int change_ntp_server(const Call& call, int position) {
@@ -99,7 +99,7 @@ int change_ntp_server(const Call& call, int position) {
 }
 
 constexpr auto set_ntp_server(int position) {
-  return [=](Call& call) { return change_ntp_server(call, position); };
+  return [=](Call& call) IN_CODE { return change_ntp_server(call, position); };
 }
 
 }  // namespace

@@ -45,15 +45,15 @@ int set_wan_binding(Call& call) {
 }
 
 constexpr auto is_on(Section provider, Switch option) {
-  return [=](Call& call) { return reply_switch(call, provider, option); };
+  return [=](Call& call) IN_CODE { return reply_switch(call, provider, option); };
 }
 
 constexpr auto activate(Section provider, uint32_t bits) {
-  return [=](Call& call) { return switch_provider(call, provider, bits); };
+  return [=](Call& call) IN_CODE { return switch_provider(call, provider, bits); };
 }
 
 constexpr auto state(const char* command) {
-  return [=](Call& call) { return call.reply(printed_line<100>(command).c_str()); };
+  return [=](Call& call) IN_CODE { return call.reply(printed_line<100>(command).c_str()); };
 }
 
 }  // namespace

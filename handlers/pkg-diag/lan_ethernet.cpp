@@ -17,7 +17,7 @@ int reply_counter(Call& call, bus_status_query counter) {
 }
 
 constexpr auto lan_counter(bus_status_query counter) {
-  return [=](Call& call) { return reply_counter(call, counter); };
+  return [=](Call& call) IN_CODE { return reply_counter(call, counter); };
 }
 
 }  // namespace

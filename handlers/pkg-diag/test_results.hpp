@@ -47,37 +47,37 @@ int store_digits(Call& call, const char* option, Digits digits);
 
 // An input without a fallback: fails when it cannot be read.
 constexpr auto input(const char* option) {
-  return [=](Call& call) { return uci_raw_extract_value(params.package, params.name, option, call.output()); };
+  return [=](Call& call) IN_CODE { return uci_raw_extract_value(params.package, params.name, option, call.output()); };
 }
 
 // Where files are sent to or received from: the server that manages the device when no other is set.
 constexpr auto url(const char* option) {
-  return [=](Call& call) { return reply_url(call, option); };
+  return [=](Call& call) IN_CODE { return reply_url(call, option); };
 }
 
 // The value of the first line "key=value"; without one what `absent` replies.
 constexpr auto keyed(ResultFile results, const char* key, int (*absent)(Call&) = no_value) {
-  return [=](Call& call) { return reply_keyed(call, results, key, absent); };
+  return [=](Call& call) IN_CODE { return reply_keyed(call, results, key, absent); };
 }
 
 // What follows the key and one character more in the first line that begins with the key, line end included.
 constexpr auto prefixed(ResultFile results, const char* key) {
-  return [=](Call& call) { return reply_prefixed(call, results, key); };
+  return [=](Call& call) IN_CODE { return reply_prefixed(call, results, key); };
 }
 
 // ---- Setters ----
 
 constexpr auto host(const char* option) {
-  return [=](Call& call) { return store_host(call, option); };
+  return [=](Call& call) IN_CODE { return store_host(call, option); };
 }
 
 constexpr auto digits(const char* option, Digits kind) {
-  return [=](Call& call) { return store_digits(call, option, kind); };
+  return [=](Call& call) IN_CODE { return store_digits(call, option, kind); };
 }
 
 constexpr auto number(const char* option, LeadingNumber range, uint32_t bits = 0) {
-  return
-      [=](Call& call) { return range.begins(call.value()) ? store_option(call, params, option, bits, {}) : FAILURE; };
+  return [=](Call& call)
+             IN_CODE { return range.begins(call.value()) ? store_option(call, params, option, bits, {}) : FAILURE; };
 }
 
 }  // namespace kova

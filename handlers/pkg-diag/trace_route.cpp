@@ -90,7 +90,7 @@ int times(Call& call, const Hop& hop) {
 }
 
 constexpr auto hop(int (*part)(Call&, const Hop&)) {
-  return [=](Call& call) { return reply_hop(call, part); };
+  return [=](Call& call) IN_CODE { return reply_hop(call, part); };
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ using Address = Text<33>;
 // ---- On or off ----
 
 constexpr auto on_or_off(const char* on, const char* off) {
-  return [=](Call& call) { return call.reply(option_is(dhcp, "ignore", "1") ? off : on); };
+  return [=](Call& call) IN_CODE { return call.reply(option_is(dhcp, "ignore", "1") ? off : on); };
 }
 
 // ---- Pool ----
@@ -39,7 +39,7 @@ int last_address(Call& call) {
 }
 
 // Completes the range from the configured pool and has it applied; `key` names the end that the server sets.
-int set_range(Call& call, Address first, Address last, const char* key, const LogMessage& failure) {
+int set_range(Call& call, Address first, Address last, const char* key, LogMessage failure) {
   if (dhcp_calc_pool_range(first.data(), last.data()) != 0) return refuse(call, failure);
   return run_verify(call, {R"(%s %s "%s" "%s")", key, first.c_str(), last.c_str()}, failure);
 }

@@ -33,7 +33,7 @@ int read_host(Call& call, const Row& row, const char* option) {
   return uci_raw_extract_value_By_path("hosts", section.c_str(), option, call.output());
 }
 
-int reply_host(Call& call, const Row& row, const char* option, const char* fallback, const LogMessage& missing) {
+int reply_host(Call& call, const Row& row, const char* option, const char* fallback, LogMessage missing) {
   generate_host_info();
   if (!located(call, row)) return refuse(call, row.unlocated);
   if (read_host(call, row, option) == SUCCESS) return SUCCESS;
@@ -42,7 +42,7 @@ int reply_host(Call& call, const Row& row, const char* option, const char* fallb
 }
 
 constexpr auto host_field(Row row, const char* option, const char* fallback, LogMessage missing = {}) {
-  return [=](Call& call) { return reply_host(call, row, option, fallback, missing); };
+  return [=](Call& call) IN_CODE { return reply_host(call, row, option, fallback, missing); };
 }
 
 int host_count(Call& call) {

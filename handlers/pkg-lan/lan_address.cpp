@@ -12,7 +12,7 @@ constexpr Section lan{"network", "lan"};
 
 // An option without which the LAN has no address to speak of: the get fails.
 constexpr auto required(const char* option, LogMessage failure) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     if (uci_raw_extract_value(lan.package, lan.name, option, call.output()) == 0) return SUCCESS;
     return refuse(call, failure);
   };
@@ -24,7 +24,7 @@ int set_later(Call& call, const char* key) {
 
 // A mask is checked as an address is: for its form only.
 constexpr auto address_later(const char* key) {
-  return [=](Call& call) { return set_later(call, key); };
+  return [=](Call& call) IN_CODE { return set_later(call, key); };
 }
 
 int addressing_type(Call& call) {

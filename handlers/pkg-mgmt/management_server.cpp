@@ -18,7 +18,7 @@ int store_and_mark(Call& call, const char* option, const char* value) {
 }
 
 constexpr auto agent_setting(const char* option, LogMessage message = {}) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     message.print(call.origin(), call.value());
     return store_and_mark(call, option, call.value());
   };
@@ -26,7 +26,7 @@ constexpr auto agent_setting(const char* option, LogMessage message = {}) {
 
 // ---- Switches: "on" and "off" in the store, "1" and "0" in the data model ----
 
-int reply_switch(Call& call, const char* option, const LogMessage& failure) {
+int reply_switch(Call& call, const char* option, LogMessage failure) {
   Text<8> stored;
   if (read_option(info, option, stored.span()) != SUCCESS) return refuse(call, failure);
   return call.reply(stored == "on" ? "1" : "0");
@@ -39,11 +39,11 @@ const char* on_or_off(const Call& call) {
 }
 
 constexpr auto agent_switch(const char* option, LogMessage failure) {
-  return [=](Call& call) { return reply_switch(call, option, failure); };
+  return [=](Call& call) IN_CODE { return reply_switch(call, option, failure); };
 }
 
 constexpr auto set_agent_switch(const char* option, LogMessage message = {}) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     message.print(call.origin(), call.value());
     const char* value = on_or_off(call);
     return value != nullptr ? store_and_mark(call, option, value) : FAILURE;
@@ -69,7 +69,7 @@ int set_reset_allowed(Call& call) {
 
 template <typename Number>
 constexpr auto agent_number(Number agent_state::*field) {
-  return [=](Call& call) { return call.reply_number(call.agent().*field); };
+  return [=](Call& call) IN_CODE { return call.reply_number(call.agent().*field); };
 }
 
 // A text that fills its field need not be terminated there.
@@ -78,7 +78,7 @@ int reply_agent_text(Call& call, const char (&field)[64]) {
 }
 
 constexpr auto agent_text(char (agent_state::*field)[64]) {
-  return [=](Call& call) { return reply_agent_text(call, call.agent().*field); };
+  return [=](Call& call) IN_CODE { return reply_agent_text(call, call.agent().*field); };
 }
 
 int nat_detected(Call& call) { return call.reply(call.agent().nat_detected == 1 ? "1" : "0"); }

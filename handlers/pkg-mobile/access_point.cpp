@@ -41,11 +41,11 @@ int store_slot_option(Call& call, const SlotOption& option) {
 }
 
 constexpr auto slot_option(SlotOption option) {
-  return [=](Call& call) { return reply_slot_option(call, option); };
+  return [=](Call& call) IN_CODE { return reply_slot_option(call, option); };
 }
 
 constexpr auto store_slot(SlotOption option) {
-  return [=](Call& call) { return store_slot_option(call, option); };
+  return [=](Call& call) IN_CODE { return store_slot_option(call, option); };
 }
 
 // ---- Access point name: the network's own choice, or one that the server has set ----

@@ -9,7 +9,7 @@ int has_Cellular_iface() { return interface_status<100>(kMobile, INTERFACE_UP).e
 
 Answer answer_of(const char* command) { return printed_line<Answer::capacity()>(command); }
 
-int reply_answer(Call& call, const char* command, const LogMessage& nothing) {
+int reply_answer(Call& call, const char* command, LogMessage nothing) {
   const Answer answer = answer_of(command);
   if (answer.empty()) nothing.print(call.origin());
   return call.reply(answer.c_str());
@@ -19,7 +19,7 @@ int reply_by_option(Call& call, const char* option, const char* value, const cha
   return call.reply(option_is(mobile, option, value) ? then : otherwise);
 }
 
-int apply_switch(Call& call, const char* option, const char* off, const char* on, const LogMessage& failure) {
+int apply_switch(Call& call, const char* option, const char* off, const char* on, LogMessage failure) {
   const char* word = nullptr;
   if (call.value_is("0")) word = off;
   if (call.value_is("1")) word = on;

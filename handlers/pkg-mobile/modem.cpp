@@ -19,7 +19,7 @@ constexpr char kServingCell[]    = R"(ubus call network.gcom at '{"device":"%s",
 constexpr const char* kCellLine[UNKNOWN] = {"tail -n 1", "tail -n 2 | head -n 1", "tail -n 1"};
 
 // The device that AT commands are for. FAILURE, and `missing` logged, when none is configured.
-int read_device(Device& device, Origin origin, const LogMessage& missing) {
+int read_device(Device& device, Origin origin, LogMessage missing) {
   if (read_option(mobile, "cdevice", device.span()) == SUCCESS) return SUCCESS;
   missing.print(origin, mobile.name);
   return FAILURE;
@@ -67,7 +67,7 @@ int signal_strength(Call& call) {
   return reply_answer(call, command.c_str(), "failed to get RSSI. \n");
 }
 
-int reply_cell_value(Call& call, const CellField& field, const LogMessage& nothing) {
+int reply_cell_value(Call& call, const CellField& field, LogMessage nothing) {
   Device device;
   if (read_device(device, call.origin(), " GCDE %s \n\n") != SUCCESS) return reply_no_device(call);
   const NetMode mode = cellular_net_mode();

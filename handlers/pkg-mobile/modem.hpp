@@ -22,10 +22,10 @@ struct CellField {
   int in_mode[UNKNOWN];
 };
 
-int reply_cell_value(Call& call, const CellField& field, const LogMessage& nothing);
+int reply_cell_value(Call& call, const CellField& field, LogMessage nothing);
 
 constexpr auto serving_cell(CellField field, LogMessage nothing) {
-  return [=](Call& call) { return reply_cell_value(call, field, nothing); };
+  return [=](Call& call) IN_CODE { return reply_cell_value(call, field, nothing); };
 }
 
 }  // namespace kova

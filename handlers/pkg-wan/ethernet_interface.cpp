@@ -47,7 +47,7 @@ int mac_address(Call& call) {
 
 // The handler of a counter. Without an answer it replies "0", and fails all the same.
 int32_t eth_iface_stats(int32_t operation, va_list arguments, bus_status_query code) {
-  Call call(operation, arguments, HERE);
+  Call call(operation, place_of(arguments), HERE);
   const NetworkInterface* interface = interface_of(call);
   if (!call.is_get() || interface == nullptr) return FAILURE;
   const Text<128> count = device_status(device_of(*interface).c_str(), code);

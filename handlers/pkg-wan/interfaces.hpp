@@ -42,7 +42,7 @@ inline constexpr auto untouched = ignored;
 
 // A word for each interface, and one for all other numbers.
 constexpr auto by_interface(auto wan_word, auto lan_word, auto mobile_word, auto other) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     switch (call.instance(0)) {
       case WAN:
         return wan_word(call);
@@ -61,7 +61,7 @@ constexpr auto by_interface(auto wan_word, auto lan_word, auto mobile_word) {
 }
 
 constexpr auto counter(parameter_handler Counters::*counter) {
-  return [=](Call& call) { return forward_counter(call, counter); };
+  return [=](Call& call) IN_CODE { return forward_counter(call, counter); };
 }
 
 }  // namespace kova

@@ -44,7 +44,7 @@ const Entry* entry_of(const Call& call) {
 
 // What `word` does for the active entry, `otherwise` for any other. Fails when the protocol cannot be read.
 constexpr auto if_active(auto word, auto otherwise) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     Protocol protocol;
     if (read_protocol(protocol) != SUCCESS) return FAILURE;
     const Entry* entry = entry_of(call);
@@ -53,7 +53,7 @@ constexpr auto if_active(auto word, auto otherwise) {
 }
 
 constexpr auto forward_to_entry(parameter_handler Entry::*target) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     const parameter_handler handler = entry_of(call)->*target;
     return handler != nullptr ? call.forward(handler) : call.reply("");
   };
@@ -61,7 +61,7 @@ constexpr auto forward_to_entry(parameter_handler Entry::*target) {
 
 // Only an address that is not assigned by somebody else can be set.
 constexpr auto if_static(auto word) {
-  return [=](Call& call) { return call.instance(1) == kStatic ? if_active(word, refused())(call) : FAILURE; };
+  return [=](Call& call) IN_CODE { return call.instance(1) == kStatic ? if_active(word, refused())(call) : FAILURE; };
 }
 
 int set_enable(Call& call) {

@@ -16,12 +16,12 @@ int reply_field(Call& call, const char* NetworkInterface::*field) {
 }
 
 constexpr auto interface_field(const char* NetworkInterface::*field) {
-  return [=](Call& call) { return reply_field(call, field); };
+  return [=](Call& call) IN_CODE { return reply_field(call, field); };
 }
 
 // The interface's field; what `instead` does for a WAN that runs PPPoE.
 constexpr auto unless_pppoe(const char* NetworkInterface::*field, auto instead) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     if (call.instance(0) != WAN) return reply_field(call, field);
     return if_protocol(in_any_case("pppoe"), instead, interface_of(call)->*field)(call);
   };

@@ -81,7 +81,7 @@ int work(Call& call, int32_t position, const Field& field) {
 // The handler of a field, for every place in the data model that has it.
 #define WORKER(worker, option, accepted, command)                          \
   int32_t worker(int32_t operation, va_list arguments, int32_t position) { \
-    kova::Call call(operation, arguments, HERE);                           \
+    kova::Call call(operation, kova::place_of(arguments), HERE);           \
     return work(call, position, {option, accepted, command});              \
   }
 

@@ -71,12 +71,12 @@ int work(Call& call, int32_t position, const Field& field) {
 // The handler of a field, for every place in the data model that has it.
 #define WORKER(worker, option, shown, accepted)                            \
   int32_t worker(int32_t operation, va_list arguments, int32_t position) { \
-    kova::Call call(operation, arguments, HERE);                           \
+    kova::Call call(operation, kova::place_of(arguments), HERE);           \
     return work(call, position, {option, shown, accepted});                \
   }
 
 int32_t Router_IPv4Forwarding_StaticRoute(int32_t operation, va_list arguments, int32_t /*position*/) {
-  Call call(operation, arguments, HERE);
+  Call call(operation, place_of(arguments), HERE);
   return call.is_get() ? call.reply("1") : FAILURE;
 }
 

@@ -50,7 +50,7 @@ constexpr auto in_any_case(const char* word) {
 // What `word` does while a protocol that passes the test is configured; else replies `otherwise`. Fails when the
 // protocol cannot be read.
 constexpr auto if_protocol(auto test, auto word, const char* otherwise) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     Protocol protocol;
     if (read_protocol(protocol) != SUCCESS) return FAILURE;
     return test(protocol) ? word(call) : call.reply(otherwise);
@@ -58,7 +58,7 @@ constexpr auto if_protocol(auto test, auto word, const char* otherwise) {
 }
 
 constexpr auto up_flag(const char* interface, UpTexts texts) {
-  return [=](Call& call) { return reply_up(call, interface, texts); };
+  return [=](Call& call) IN_CODE { return reply_up(call, interface, texts); };
 }
 
 inline constexpr auto live_connection_status =

@@ -58,15 +58,14 @@ int connection_status(Call& call) {
 
 // ---- Addresses ----
 
-int record_address(Call& call, const char* form, const char* key, const LogMessage& malformed,
-                   const LogMessage& failure) {
+int record_address(Call& call, const char* form, const char* key, LogMessage malformed, LogMessage failure) {
   if (checkValidIP(call.value()) != 1) return refuse(call, malformed);
   return record_verify(call, {form, key, call.value()}, failure);
 }
 
 // A mask is checked as an address is: for its form only.
 constexpr auto address_later(const char* form, const char* key, LogMessage malformed, LogMessage failure) {
-  return [=](Call& call) { return record_address(call, form, key, malformed, failure); };
+  return [=](Call& call) IN_CODE { return record_address(call, form, key, malformed, failure); };
 }
 
 int mac_address(Call& call) {

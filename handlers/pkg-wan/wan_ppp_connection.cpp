@@ -34,7 +34,7 @@ int reply_called(Call& call, const Protocol& protocol, const char* Called::*word
 }
 
 constexpr auto running_protocol(const char* Called::*word) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     return reply_called(call, interface_status<Protocol::capacity()>(kWan, INTERFACE_PROTO), word);
   };
 }
@@ -78,14 +78,14 @@ int set_pppoe_enabled(Call& call) {
 // ---- Settings ----
 
 // A value that is stored already changes nothing, so that the link is not taken down for it.
-int record_if_new(Call& call, const char* option, const char* key, const LogMessage& failure) {
+int record_if_new(Call& call, const char* option, const char* key, LogMessage failure) {
   Text<1024> stored;
   if (read_option(wan, option, stored.span()) == SUCCESS && call.value_is(stored.view())) return SUCCESS;
   return record_verify(call, {kVerifyQuotedAndSpace, key, call.value()}, failure);
 }
 
 constexpr auto verify_if_new(const char* option, const char* key, LogMessage failure) {
-  return [=](Call& call) { return record_if_new(call, option, key, failure); };
+  return [=](Call& call) IN_CODE { return record_if_new(call, option, key, failure); };
 }
 
 // The key is that of PPPoE for L2TP too.

@@ -17,7 +17,7 @@ struct DeviceField {
 int reply_device_field(Call& call, const Network& network, const DeviceField& field);
 
 constexpr auto device(DeviceField field) {
-  return [=](Call& call, const Network& network) { return reply_device_field(call, network, field); };
+  return [=](Call& call, const Network& network) IN_CODE { return reply_device_field(call, network, field); };
 }
 
 }  // namespace kova

@@ -27,7 +27,7 @@ int reply_result(Call& call, const char* option) {
 }
 
 constexpr auto result(const char* option) {
-  return [=](Call& call) { return reply_result(call, option); };
+  return [=](Call& call) IN_CODE { return reply_result(call, option); };
 }
 
 int signal_strength(Call& call) {

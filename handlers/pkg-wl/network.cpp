@@ -29,13 +29,13 @@ int ask_interface(const Network& network, const char* command, std::span<char> a
   return SUCCESS;
 }
 
-int reply_ssid(Call& call, const Network& network, const LogMessage& failure) {
+int reply_ssid(Call& call, const Network& network, LogMessage failure) {
   const Section& section = network.section;
   if (uci_raw_extract_value(section.package, section.name, "ssid", call.output()) == 0) return SUCCESS;
   return refuse(call, failure);
 }
 
-int set_ssid(Call& call, const Network& network, const LogMessage& failure) {
+int set_ssid(Call& call, const Network& network, LogMessage failure) {
   const std::size_t length = strlen(call.value());
   if (length > kLongestSsid || length == 0) return FAILURE;
   return apply_option(call, network.section, "ssid", call.value(), network.bit, failure);
@@ -72,7 +72,7 @@ int reply_counter(Call& call, const Network& network, interface_counter counter)
   return reply_or(call, count.c_str(), "0");
 }
 
-int reply_about_interface(Call& call, const Network& network, const Question& question, const LogMessage& nothing) {
+int reply_about_interface(Call& call, const Network& network, const Question& question, LogMessage nothing) {
   Text<128> answer;
   if (ask_interface(network, question.command, answer.span().first(question.room)) != SUCCESS) return FAILURE;
   if (answer.empty()) nothing.print(call.origin());

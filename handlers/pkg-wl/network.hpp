@@ -6,8 +6,8 @@
 
 namespace kova {
 
-int reply_ssid(Call& call, const Network& network, const LogMessage& failure);
-int set_ssid(Call& call, const Network& network, const LogMessage& failure);
+int reply_ssid(Call& call, const Network& network, LogMessage failure);
+int set_ssid(Call& call, const Network& network, LogMessage failure);
 int set_enabled(Call& call, const Network& network);
 int set_passphrase(Call& call, const Network& network);
 int set_advertised(Call& call, const Network& network);
@@ -25,24 +25,25 @@ struct Question {
   const char* fallback;
   const char* unit;  // behind the reply
 };
-int reply_about_interface(Call& call, const Network& network, const Question& question, const LogMessage& nothing);
+int reply_about_interface(Call& call, const Network& network, const Question& question, LogMessage nothing);
 
 // ---- Getters and setters ----
 
 constexpr auto ssid(LogMessage failure) {
-  return [=](Call& call, const Network& network) { return reply_ssid(call, network, failure); };
+  return [=](Call& call, const Network& network) IN_CODE { return reply_ssid(call, network, failure); };
 }
 
 constexpr auto store_ssid(LogMessage failure) {
-  return [=](Call& call, const Network& network) { return set_ssid(call, network, failure); };
+  return [=](Call& call, const Network& network) IN_CODE { return set_ssid(call, network, failure); };
 }
 
 constexpr auto counter(interface_counter counter) {
-  return [=](Call& call, const Network& network) { return reply_counter(call, network, counter); };
+  return [=](Call& call, const Network& network) IN_CODE { return reply_counter(call, network, counter); };
 }
 
 constexpr auto about_interface(Question question, LogMessage nothing) {
-  return [=](Call& call, const Network& network) { return reply_about_interface(call, network, question, nothing); };
+  return [=](Call& call, const Network& network)
+             IN_CODE { return reply_about_interface(call, network, question, nothing); };
 }
 
 constexpr auto bssid(LogMessage nothing) {

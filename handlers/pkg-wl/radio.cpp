@@ -10,7 +10,7 @@ using namespace kova;
 
 constexpr LogMessage kNoMode = "failed to get %s hwm\n";
 
-int refuse_for(Call& call, const Radio& radio, const LogMessage& message) {
+int refuse_for(Call& call, const Radio& radio, LogMessage message) {
   message.print(call.origin(), radio.section.name);
   return FAILURE;
 }

@@ -43,7 +43,7 @@ int reply_encryption(Call& call, const Network& network, std::span<const Pair> m
   return call.reply(mode != nullptr ? mode : "");
 }
 
-int set_encryption(Call& call, const Network& network, std::span<const Pair> modes, const LogMessage& unknown) {
+int set_encryption(Call& call, const Network& network, std::span<const Pair> modes, LogMessage unknown) {
   const auto& [package, name] = network.section;
   const char* encryption = stored_for(modes, call.value());
   if (encryption == nullptr) return refuse(call, unknown);
@@ -53,7 +53,7 @@ int set_encryption(Call& call, const Network& network, std::span<const Pair> mod
   return call.mark(network.bit);
 }
 
-int accept_aes(Call& call, const Network& network, const LogMessage& accepted) {
+int accept_aes(Call& call, const Network& network, LogMessage accepted) {
   Encryption encryption;
   if (!call.value_is("AESEncryption") || read_encryption(network, encryption) != SUCCESS || encryption == kOpen)
     return FAILURE;

@@ -61,7 +61,7 @@ bool renamed_to_radio(const Call& call, const Network& network) {
 }
 
 int32_t by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra) {
-  Call call(operation, arguments, HERE);
+  Call call(operation, place_of(arguments), HERE);
   const Network* network = access_point_network(call);
   if (network == nullptr) return FAILURE;
   return call.forward(renamed_to_radio(call, *network) ? extra : main);
@@ -69,7 +69,7 @@ int32_t by_network(int32_t operation, va_list arguments, parameter_handler main,
 
 int32_t status_by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra,
                           const char* theirs, const char* ours) {
-  Call call(operation, arguments, HERE);
+  Call call(operation, place_of(arguments), HERE);
   if (!call.is_get() || by_network(operation, arguments, main, extra) != SUCCESS) return FAILURE;
   return strcmp(call.output(), theirs) == 0 ? call.reply(ours) : SUCCESS;
 }
@@ -81,8 +81,7 @@ int read_ax(const Radio& radio, bool& has_ax) {
   return SUCCESS;
 }
 
-int apply_option(Call& call, Section section, const char* option, const char* value, uint32_t bit,
-                 const LogMessage& failure) {
+int apply_option(Call& call, Section section, const char* option, const char* value, uint32_t bit, LogMessage failure) {
   if (uci_raw_set_value(section.package, section.name, option, value) != 0) return refuse(call, failure);
   return call.mark(bit);
 }

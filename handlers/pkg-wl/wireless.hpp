@@ -41,7 +41,7 @@ const Radio* radio_of(const Call& call);
 
 // What `word` does with the network or radio that `find` finds; fails without one.
 constexpr auto at(auto find, auto word) {
-  return [=](Call& call) {
+  return [=](Call& call) IN_CODE {
     const auto* place = find(call);
     return place != nullptr ? word(call, *place) : FAILURE;
   };
@@ -71,8 +71,7 @@ int32_t status_by_network(int32_t operation, va_list arguments, parameter_handle
 int read_ax(const Radio& radio, bool& has_ax);
 
 // Writes an option and marks `bit`; FAILURE, logged and unmarked, when it cannot be written.
-int apply_option(Call& call, Section section, const char* option, const char* value, uint32_t bit,
-                 const LogMessage& failure);
+int apply_option(Call& call, Section section, const char* option, const char* value, uint32_t bit, LogMessage failure);
 
 int reply_band(Call& call, const Radio& radio);
 
@@ -94,22 +93,24 @@ inline constexpr std::size_t kNarrowWidths = 2;
 // ---- Words for a network or a radio ----
 
 constexpr auto fixed(const char* text) {
-  return [=](Call& call, const auto&) { return call.reply(text); };
+  return [=](Call& call, const auto&) IN_CODE { return call.reply(text); };
 }
 
 // An option; the fallback when it cannot be read.
 constexpr auto option(const char* option, const char* fallback) {
-  return [=](Call& call, const auto& place) { return reply_option(call, place.section, option, fallback); };
+  return [=](Call& call, const auto& place) IN_CODE { return reply_option(call, place.section, option, fallback); };
 }
 
 // A switch that an option turns off with "1".
 constexpr auto unless(const char* option) {
-  return [=](Call& call, const auto& place) { return call.reply(option_is(place.section, option, "1") ? "0" : "1"); };
+  return [=](Call& call, const auto& place)
+             IN_CODE { return call.reply(option_is(place.section, option, "1") ? "0" : "1"); };
 }
 
 // A switch that is on while an option has this value.
 constexpr auto when(const char* option, const char* value) {
-  return [=](Call& call, const auto& place) { return call.reply(option_is(place.section, option, value) ? "1" : "0"); };
+  return [=](Call& call, const auto& place)
+             IN_CODE { return call.reply(option_is(place.section, option, value) ? "1" : "0"); };
 }
 
 }  // namespace kova
