@@ -158,19 +158,19 @@ constexpr auto constant(const char* text) {
 
 // An option of the main store; the fallback when it cannot be read.
 constexpr auto text(Section section, const char* option, const char* fallback = "") {
-  return [=](Call& call) IN_CODE { return reply_option(call, section, option, fallback); };
+  return [=](Call& call) IN_CODE { return reply_option(call, section.copy(), option, fallback); };
 }
 
 // The first line of a command's output, empty when it prints nothing; fails only when the command cannot be started.
 constexpr auto command_line(const char* command, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return reply_first_line(call, command, failure); };
+  return [=](Call& call) IN_CODE { return reply_first_line(call, command, failure.copy()); };
 }
 
 // ---- Setters ----
 
 // Writes the value as given to an option of the main store and marks `bits`; a failed write fails the set.
 constexpr auto store(Section section, const char* option, uint32_t bits = 0, LogMessage failure = {}) {
-  return [=](Call& call) IN_CODE { return store_option(call, section, option, bits, failure); };
+  return [=](Call& call) IN_CODE { return store_option(call, section.copy(), option, bits, failure.copy()); };
 }
 
 // Has the verify script check and apply the value at once.
@@ -185,7 +185,7 @@ constexpr auto verify_later(const char* form, const char* key, LogMessage failur
 
 // Fails every set, with a message or silently.
 constexpr auto refused(LogMessage message = {}) {
-  return [=](Call& call) IN_CODE { return refuse(call, message); };
+  return [=](Call& call) IN_CODE { return refuse(call, message.copy()); };
 }
 inline constexpr auto read_only = [](Call&) { return FAILURE; };
 

@@ -15,6 +15,9 @@ namespace kova {
 struct Section {
   const char* package;
   const char* name;
+
+  // Member by member: compilers see constants in it, where in a copied object they see memory.
+  constexpr Section copy() const { return {package, name}; }
 };
 
 // Reads an option of /etc/config into a bounded text, cut to what fits. 0, or -1 (logged) with `value` untouched.

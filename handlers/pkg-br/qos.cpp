@@ -24,7 +24,7 @@ int run_with_value(Call& call, const char* form, LogMessage failure) {
 }
 
 constexpr auto run(const char* form, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return run_with_value(call, form, failure); };
+  return [=](Call& call) IN_CODE { return run_with_value(call, form, failure.copy()); };
 }
 
 int set_enabled(Call& call) {

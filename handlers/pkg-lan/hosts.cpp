@@ -42,7 +42,7 @@ int reply_host(Call& call, const Row& row, const char* option, const char* fallb
 }
 
 constexpr auto host_field(Row row, const char* option, const char* fallback, LogMessage missing = {}) {
-  return [=](Call& call) IN_CODE { return reply_host(call, row, option, fallback, missing); };
+  return [=](Call& call) IN_CODE { return reply_host(call, row, option, fallback, missing.copy()); };
 }
 
 int host_count(Call& call) {

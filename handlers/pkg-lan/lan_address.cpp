@@ -14,7 +14,7 @@ constexpr Section lan{"network", "lan"};
 constexpr auto required(const char* option, LogMessage failure) {
   return [=](Call& call) IN_CODE {
     if (uci_raw_extract_value(lan.package, lan.name, option, call.output()) == 0) return SUCCESS;
-    return refuse(call, failure);
+    return refuse(call, failure.copy());
   };
 }
 

@@ -39,7 +39,7 @@ const char* on_or_off(const Call& call) {
 }
 
 constexpr auto agent_switch(const char* option, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return reply_switch(call, option, failure); };
+  return [=](Call& call) IN_CODE { return reply_switch(call, option, failure.copy()); };
 }
 
 constexpr auto set_agent_switch(const char* option, LogMessage message = {}) {

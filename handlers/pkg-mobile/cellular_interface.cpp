@@ -17,7 +17,7 @@ int status(Call& call) {
 
 // A line that the modem's service keeps.
 constexpr auto service_line(const char* command, LogMessage nothing) {
-  return [=](Call& call) IN_CODE { return reply_answer(call, command, nothing); };
+  return [=](Call& call) IN_CODE { return reply_answer(call, command, nothing.copy()); };
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ constexpr auto by_option(const char* option, const char* value, const char* then
 }
 
 constexpr auto switch_option(const char* option, const char* off, const char* on, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return apply_switch(call, option, off, on, failure); };
+  return [=](Call& call) IN_CODE { return apply_switch(call, option, off, on, failure.copy()); };
 }
 
 }  // namespace kova

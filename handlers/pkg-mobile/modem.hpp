@@ -25,7 +25,7 @@ struct CellField {
 int reply_cell_value(Call& call, const CellField& field, LogMessage nothing);
 
 constexpr auto serving_cell(CellField field, LogMessage nothing) {
-  return [=](Call& call) IN_CODE { return reply_cell_value(call, field, nothing); };
+  return [=](Call& call) IN_CODE { return reply_cell_value(call, field, nothing.copy()); };
 }
 
 }  // namespace kova

@@ -65,7 +65,7 @@ int record_address(Call& call, const char* form, const char* key, LogMessage mal
 
 // A mask is checked as an address is: for its form only.
 constexpr auto address_later(const char* form, const char* key, LogMessage malformed, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return record_address(call, form, key, malformed, failure); };
+  return [=](Call& call) IN_CODE { return record_address(call, form, key, malformed, failure.copy()); };
 }
 
 int mac_address(Call& call) {

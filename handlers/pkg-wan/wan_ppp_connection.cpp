@@ -85,7 +85,7 @@ int record_if_new(Call& call, const char* option, const char* key, LogMessage fa
 }
 
 constexpr auto verify_if_new(const char* option, const char* key, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return record_if_new(call, option, key, failure); };
+  return [=](Call& call) IN_CODE { return record_if_new(call, option, key, failure.copy()); };
 }
 
 // The key is that of PPPoE for L2TP too.

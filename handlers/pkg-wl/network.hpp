@@ -30,11 +30,11 @@ int reply_about_interface(Call& call, const Network& network, const Question& qu
 // ---- Getters and setters ----
 
 constexpr auto ssid(LogMessage failure) {
-  return [=](Call& call, const Network& network) IN_CODE { return reply_ssid(call, network, failure); };
+  return [=](Call& call, const Network& network) IN_CODE { return reply_ssid(call, network, failure.copy()); };
 }
 
 constexpr auto store_ssid(LogMessage failure) {
-  return [=](Call& call, const Network& network) IN_CODE { return set_ssid(call, network, failure); };
+  return [=](Call& call, const Network& network) IN_CODE { return set_ssid(call, network, failure.copy()); };
 }
 
 constexpr auto counter(interface_counter counter) {
@@ -43,7 +43,7 @@ constexpr auto counter(interface_counter counter) {
 
 constexpr auto about_interface(Question question, LogMessage nothing) {
   return [=](Call& call, const Network& network)
-             IN_CODE { return reply_about_interface(call, network, question, nothing); };
+             IN_CODE { return reply_about_interface(call, network, question, nothing.copy()); };
 }
 
 constexpr auto bssid(LogMessage nothing) {

@@ -38,12 +38,13 @@ constexpr auto encryption(std::span<const Pair> modes) {
 
 // Writes the encryption that the mode stands for; one that needs a passphrase gets the default one, if there is none.
 constexpr auto store_encryption(std::span<const Pair> modes, LogMessage unknown = {}) {
-  return [=](Call& call, const Network& network) IN_CODE { return set_encryption(call, network, modes, unknown); };
+  return [=](Call& call, const Network& network)
+             IN_CODE { return set_encryption(call, network, modes, unknown.copy()); };
 }
 
 // Accepts AES while the network is encrypted, and changes nothing.
 constexpr auto aes_only(LogMessage accepted) {
-  return [=](Call& call, const Network& network) IN_CODE { return accept_aes(call, network, accepted); };
+  return [=](Call& call, const Network& network) IN_CODE { return accept_aes(call, network, accepted.copy()); };
 }
 
 // ---- Modes ----

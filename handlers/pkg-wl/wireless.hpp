@@ -98,19 +98,20 @@ constexpr auto fixed(const char* text) {
 
 // An option; the fallback when it cannot be read.
 constexpr auto option(const char* option, const char* fallback) {
-  return [=](Call& call, const auto& place) IN_CODE { return reply_option(call, place.section, option, fallback); };
+  return [=](Call& call, const auto& place)
+             IN_CODE { return reply_option(call, place.section.copy(), option, fallback); };
 }
 
 // A switch that an option turns off with "1".
 constexpr auto unless(const char* option) {
   return [=](Call& call, const auto& place)
-             IN_CODE { return call.reply(option_is(place.section, option, "1") ? "0" : "1"); };
+             IN_CODE { return call.reply(option_is(place.section.copy(), option, "1") ? "0" : "1"); };
 }
 
 // A switch that is on while an option has this value.
 constexpr auto when(const char* option, const char* value) {
   return [=](Call& call, const auto& place)
-             IN_CODE { return call.reply(option_is(place.section, option, value) ? "1" : "0"); };
+             IN_CODE { return call.reply(option_is(place.section.copy(), option, value) ? "1" : "0"); };
 }
 
 }  // namespace kova
