@@ -17,7 +17,7 @@ function(kova_add_plugin target)
   endforeach()
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/core ${PROJECT_SOURCE_DIR}/handlers)
   target_link_libraries(${target} PRIVATE platform-headers)
-  target_compile_definitions(${target} PRIVATE KOVA_BUILDING_PLUGIN)
+  target_compile_definitions(${target} PRIVATE KOVA_BUILDING_PLUGIN KOVA_VERSION="${PROJECT_VERSION}")
   target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
                                            -fno-asynchronous-unwind-tables -fno-unwind-tables
                                            -U_GLIBCXX_ASSERTIONS -D_GLIBCXX_NO_ASSERTIONS ${ARGN})
