@@ -114,6 +114,11 @@ void copy_list(va_list& copy, ListPlace place);
 // Passes the operation and a copy of the arguments, untouched, to another handler. Returns its result.
 int32_t pass_on(int32_t operation, ListPlace arguments, parameter_handler target);
 
+// The same for a handler defined in the same file, which makes its own copy.
+inline int32_t pass_on(int32_t operation, ListPlace arguments, int32_t (*target)(int32_t, ListPlace)) {
+  return target(operation, arguments);
+}
+
 // The same for a worker, that takes more behind the arguments.
 template <typename Target, typename... More>
 int32_t pass_on(int32_t operation, ListPlace arguments, Target* target, More... more) {
@@ -124,19 +129,27 @@ int32_t pass_on(int32_t operation, ListPlace arguments, Target* target, More... 
   return result;
 }
 
+// Begins the definition of an exported handler. A va_list reaches it by its place, as an array or as a structure too
+// large for registers: taken as the pointer that it is, the handler ends in a jump and needs no frame of its own.
+static_assert(std::is_array_v<va_list> || sizeof(va_list) > 2 * sizeof(void*), "a va_list must be passed by its place");
+#define KOVA_HANDLER(handler)                                                                                         \
+  static_assert(std::is_same_v<decltype(&handler), parameter_handler>);                                               \
+  namespace kova::entry {                                                                                             \
+  __attribute__((visibility(KOVA_VISIBILITY))) int32_t handler(int32_t operation, ListPlace arguments) asm(#handler); \
+  }                                                                                                                   \
+  int32_t kova::entry::handler(int32_t operation, ListPlace arguments)
+
 // Defines the exported handler.
-#define PARAMETER(handler, getter, setter)                                                                \
-  int32_t handler(int32_t operation, va_list arguments) {                                                 \
-    static constexpr auto get = getter;                                                                   \
-    static constexpr auto set = setter;                                                                   \
-    return kova::serve(operation, kova::place_of(arguments), HERE, kova::word<get>(), kova::word<set>()); \
+#define PARAMETER(handler, getter, setter)                                                \
+  KOVA_HANDLER(handler) {                                                                 \
+    static constexpr auto get = getter;                                                   \
+    static constexpr auto set = setter;                                                   \
+    return kova::serve(operation, arguments, HERE, kova::word<get>(), kova::word<set>()); \
   }
 
 // Defines a handler that has another one, or a worker that takes more arguments, do its calls.
-#define ALIAS(alias, target, ...)                                                                  \
-  int32_t alias(int32_t operation, va_list arguments) {                                            \
-    return kova::pass_on(operation, kova::place_of(arguments), target __VA_OPT__(, ) __VA_ARGS__); \
-  }
+#define ALIAS(alias, target, ...) \
+  KOVA_HANDLER(alias) { return kova::pass_on(operation, arguments, target __VA_OPT__(, ) __VA_ARGS__); }
 
 // ---- What the words do; ordinary functions, so that a debugger can stop in them ----
 

@@ -50,10 +50,12 @@ class Library {
       const auto names = at<Elf64_Shdr>(header.e_shoff + section.sh_link * size_t{header.e_shentsize});
       if (section.sh_type == SHT_DYNSYM) read_symbols(section, names);
       if (section.sh_type == SHT_DYNAMIC) read_needed(section, names);
+      if (section.sh_flags & SHF_ALLOC) size += section.sh_size;
     }
   }
 
   Names visible, undefined, needed;
+  size_t size = 0;  // bytes that are loaded
 
  private:
   template <typename T>
@@ -106,6 +108,10 @@ TEST_P(Exports, NothingIsNeededButTheCLibraryAndThePlatform) {
   }
   EXPECT_NE(dlopen(GetParam(), RTLD_NOW | RTLD_LOCAL), nullptr) << dlerror();
 }
+
+#ifdef __aarch64__
+TEST(Size, LeavesRoomInTheFlash) { EXPECT_LE(Library(SMALL_PLUGIN).size, 160U * 1024); }
+#endif
 
 INSTANTIATE_TEST_SUITE_P(EveryBuild, Exports, testing::Values(PLUGIN, SMALL_PLUGIN, DEBUG_PLUGIN));
 

@@ -60,7 +60,5 @@ ALIAS(DeviceInfo_ModelName, DeviceInfo_ProductClass)
 ALIAS(DeviceInfo_Description, DeviceInfo_ProductClass)
 ALIAS(DeviceInfo_HardwareVersion, DeviceInfo_ProductClass)
 
-int32_t DeviceInfo_SoftwareVersion(int32_t operation, va_list arguments) {
-  return GetFirmDeviceInfo(operation, arguments, "cat /etc/rom_version");
-}
+ALIAS(DeviceInfo_SoftwareVersion, GetFirmDeviceInfo, "cat /etc/rom_version")
 ALIAS(DeviceInfo_ModemFirmwareVersion, DeviceInfo_SoftwareVersion)
