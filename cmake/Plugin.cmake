@@ -21,8 +21,8 @@ function(kova_add_plugin target)
   target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
                                            -fno-asynchronous-unwind-tables -fno-unwind-tables
                                            -U_GLIBCXX_ASSERTIONS -D_GLIBCXX_NO_ASSERTIONS ${ARGN})
-  # The whole library lies within a megabyte: an address takes one instruction instead of two.
-  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
+  # The whole library lies within a megabyte: an address takes one instruction instead of two. (LLVM 14 links no such.)
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(${target} PRIVATE -mcmodel=tiny)
   endif()
   # Linked as C: when loaded it needs libc and nothing else. What it takes from the platform libraries stays undefined

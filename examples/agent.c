@@ -6,7 +6,7 @@
  *
  * Exit status 0; 1 for a fault; 2 when misused or not started.
  */
-#define _GNU_SOURCE
+#define _GNU_SOURCE 1
 #include <dlfcn.h>
 #include <stdio.h>
 #include <stdlib.h>
