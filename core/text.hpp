@@ -4,8 +4,8 @@
 #include <stdarg.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -18,14 +18,15 @@ namespace kova {
 inline void copy_text(std::span<char> target, std::string_view source) {
   if (target.empty()) return;
   // Not source.copy(), whose failure is a function of the C++ run-time library.
-  const std::size_t length = std::min(source.size(), target.size() - 1);
-  std::copy_n(source.data(), length, target.data());
+  const std::size_t length = source.size() < target.size() ? source.size() : target.size() - 1;
+  if (length > 0) memcpy(target.data(), source.data(), length);
   target[length] = '\0';
 }
 
 // substr() and starts_with(), but for their failure, which is a function of the C++ run-time library.
 inline std::string_view up_to(char end, std::string_view text) {
-  return {text.data(), std::min(text.find(end), text.size())};
+  const std::size_t length = text.find(end);
+  return length == std::string_view::npos ? text : std::string_view(text.data(), length);
 }
 inline bool begins_with(std::string_view beginning, std::string_view text) {
   return text.size() >= beginning.size() && std::string_view(text.data(), beginning.size()) == beginning;
