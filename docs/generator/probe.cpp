@@ -7,6 +7,7 @@
 
 #include "apply_mask.hpp"
 #include "changes.hpp"
+#include "device_files.hpp"
 #include "task_records.hpp"
 #include "trace.hpp"
 #include "value_type.hpp"
@@ -22,6 +23,11 @@ const void* code_of(const Agent& agent, const Parameter& parameter) {
 
 void run(const char* command) {
   if (std::system(command) != 0) throw std::runtime_error(std::string("failed: ") + command);
+}
+
+lab::DeviceFiles factory_files() {
+  run("/sbin/lab-reset >/dev/null");
+  return {};
 }
 
 // Without what libuci makes up for the name of a section.
@@ -59,12 +65,22 @@ Commands set(Agent& agent, const Parameter& parameter, const std::string& value,
   return {accepted, stable(seen.commands), stable(records.recorded_since())};
 }
 
+// Options and files by path, without the agent's copies, and without sections of which an option is there.
+std::vector<std::string> changed_paths(const std::vector<Change>& changes) {
+  std::vector<std::string> paths;
+  for (const Change& change : changes) {
+    const bool is_told = std::any_of(changes.begin(), changes.end(), [&](const Change& other) {
+      return other.store == change.store && other.path.starts_with(change.path + ".");
+    });
+    if (is_told || change.store.ends_with("mirror")) continue;
+    add(paths, (change.store == "state" ? "/tmp/tr069/" : "") + stable(change.path));
+  }
+  return paths;
+}
+
 // Of a set that was accepted, from factory state.
 Effects effects_of(const std::string& value, const Commands& commands, uint32_t mask, const Snapshot& factory) {
-  Effects effects = {value, commands, {}, {}};
-  for (const Change& change : Snapshot().changes_since(factory, factory)) {
-    if (!change.store.ends_with("mirror")) add(effects.changed, stable(change.path));
-  }
+  Effects effects = {value, commands, changed_paths(Snapshot().changes_since(factory, factory)), {}};
   for (const ApplyBit& bit : raised_bits(mask)) effects.bits.push_back(bit.name);
   return effects;
 }
@@ -106,7 +122,10 @@ Parameter at_instance(const Row& row, int number) {
   return find_parameter(std::regex_replace(row.paths.front(), placeholder, std::to_string(number))).value();
 }
 
-void reset_router() { run("/sbin/lab-reset >/dev/null"); }
+void reset_router() {
+  static const lab::DeviceFiles factory = factory_files();
+  factory.restore();
+}
 
 void make_results() {
   run("printf Requested >/tmp/diag/neighboringwifi_state && /usr/bin/tr069/apply/neighbor-wifi-diag >/dev/null");
