@@ -23,6 +23,10 @@ install(FILES ${PROJECT_BINARY_DIR}/kova-datamodel.pc DESTINATION lib/pkgconfig 
 
 if(KOVA_AGENT)
   install(TARGETS kovadm RUNTIME COMPONENT agent)
+  install(FILES agent/shell/kovadm.bash DESTINATION share/bash-completion/completions RENAME kovadm COMPONENT agent)
+  install(FILES agent/shell/_kovadm DESTINATION share/zsh/site-functions COMPONENT agent)
+  configure_file(docs/kovadm.1.in kovadm.1 @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/kovadm.1 DESTINATION share/man/man1 COMPONENT agent)
   if(KOVA_STANDINS)
     # They are nobody else's, so they stay out of the system's sight.
     install(TARGETS uci ubox ubus LIBRARY DESTINATION lib/kova-datamodel COMPONENT agent)
