@@ -65,7 +65,7 @@ void write_profiles(std::ostream& out) {
 
 // A file with a record that has nothing in common with the usual one. Returns its name.
 std::string write_record() {
-  const std::string file = "/root/agent.json";
+  std::string file = "/root/agent.json";
   std::ofstream(file) << R"({"connection_request_host": "198.51.100.7", "connection_request_port": 8080,
     "connection_request_path": "/kova", "stun_enabled": 1, "nat_detected": 1, "stun_min_keepalive": 31,
     "stun_max_keepalive": 61, "stun_server_address": "stun.example.net", "stun_server_port": 3479,

@@ -99,7 +99,7 @@ std::string characters_through(Agent& agent, const Parameter& parameter, const s
   if (gets_through(agent, parameter, text + kSpecial + text)) return kSpecial;
   std::string through;
   for (const char special : std::string(kSpecial)) {
-    if (gets_through(agent, parameter, text + special + text)) through += special;
+    if (gets_through(agent, parameter, (text + special).append(text))) through += special;
   }
   return through;
 }
@@ -155,7 +155,7 @@ std::vector<std::string> leave_stored(Agent& agent, const Row& row, const std::s
   std::vector<std::string> lines;
   for (const std::string special : {kSpecial, "$", ";"}) {
     for (const std::string beginning : kBeginnings) {
-      const Commands commands = set(agent, parameter, beginning + special + tag);
+      const Commands commands = set(agent, parameter, (beginning + special).append(tag));
       lines.insert(lines.end(), commands.run.begin(), commands.run.end());
       lines.insert(lines.end(), commands.recorded.begin(), commands.recorded.end());
       if (commands.accepted) return lines;
