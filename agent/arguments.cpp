@@ -5,6 +5,9 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <string_view>
+
+#include "completion.hpp"
 
 namespace kovadm {
 namespace {
@@ -89,6 +92,12 @@ int tell(const CLI::App& app, const CLI::ParseError& error) {
   return app.exit(error) == 0 ? 0 : kUsage;
 }
 
+// For the shell's completion: "complete" and the words so far, which need not make a command line yet.
+int tell_completions(const CLI::App& app, const std::vector<std::string>& words) {
+  for (const std::string& completion : completions(app, words)) std::cout << completion << '\n';
+  return 0;
+}
+
 }  // namespace
 
 std::variant<Arguments, int> parse_arguments(int argc, char** argv) {
@@ -97,6 +106,7 @@ std::variant<Arguments, int> parse_arguments(int argc, char** argv) {
   std::vector<std::string> settings;
   define_options(app, arguments);
   define_commands(app, arguments, settings);
+  if (argc > 1 && std::string_view(argv[1]) == "complete") return tell_completions(app, {argv + 2, argv + argc});
   try {
     app.parse(argc, argv);
     arguments.command = app.get_subcommands().front()->get_name();

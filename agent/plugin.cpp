@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <filesystem>
+#include <system_error>
 
 namespace kovadm {
 namespace {
@@ -12,7 +13,9 @@ namespace fs = std::filesystem;
 constexpr char kName[] = "libkova-datamodel.so";
 
 std::string find_plugin() {
-  const fs::path here = fs::read_symlink("/proc/self/exe").parent_path();
+  std::error_code unknown;  // where there is no /proc
+  const fs::path program = fs::read_symlink("/proc/self/exe", unknown);
+  const fs::path here = unknown ? "/usr/bin" : program.parent_path();
   std::string tried;
   for (const fs::path& directory : {here, here / "../lib", fs::path("/usr/lib")}) {
     const fs::path file = (directory / kName).lexically_normal();

@@ -2,6 +2,7 @@
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
+set(KOVA_ZSH_COMPLETIONS share/zsh/site-functions CACHE STRING "Where zsh looks for completion, below the prefix")
 set(include_directory ${CMAKE_INSTALL_INCLUDEDIR}/kova-datamodel)
 
 # In lib/ itself, where agents look for it, whatever the system's directory for libraries is.
@@ -23,11 +24,17 @@ install(FILES ${PROJECT_BINARY_DIR}/kova-datamodel.pc DESTINATION lib/pkgconfig 
 
 if(KOVA_AGENT)
   install(TARGETS kovadm RUNTIME COMPONENT agent)
+  install(FILES agent/shell/kovadm.bash DESTINATION share/bash-completion/completions RENAME kovadm COMPONENT agent)
+  install(FILES agent/shell/_kovadm DESTINATION ${KOVA_ZSH_COMPLETIONS} COMPONENT agent)
+  configure_file(agent/kovadm.1.in kovadm.1 @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/kovadm.1 DESTINATION share/man/man1 COMPONENT agent)
   if(KOVA_STANDINS)
     # They are nobody else's, so they stay out of the system's sight.
     install(TARGETS uci ubox ubus LIBRARY DESTINATION lib/kova-datamodel COMPONENT agent)
     set_target_properties(ubus PROPERTIES INSTALL_RPATH "$ORIGIN")
-    set_target_properties(kovadm PROPERTIES INSTALL_RPATH "$ORIGIN/../lib/kova-datamodel")
+    # The absolute one is for a system without /proc, where a program does not know its place.
+    set_target_properties(
+      kovadm PROPERTIES INSTALL_RPATH "$ORIGIN/../lib/kova-datamodel;${CMAKE_INSTALL_PREFIX}/lib/kova-datamodel")
   endif()
 endif()
 

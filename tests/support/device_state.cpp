@@ -1,7 +1,6 @@
 #include "support/device_state.hpp"
 
 #include <algorithm>
-#include <cstdlib>
 #include <sstream>
 
 #include "support/device.hpp"
@@ -12,23 +11,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What belongs to the device's state, all of it that /sbin/lab-reset makes anew.
-constexpr const char* kRoots[] = {"/etc/config",     "/etc/lab",       "/etc/profile.d",  "/etc/rom_version",
-                                  "/etc/TZ",         "/etc/localtime", "/sys/class/leds", "/tmp",
-                                  "/usr/bin/bdinfo", "/usr/bin/ddns",  "/usr/bin/iwinfo", "/usr/bin/tr069",
-                                  "/var/etc",        "/var/run",       "/var/state"};
 const fs::path kMainStore = "/etc/config";
 const fs::path kMirror = "/tmp/cwmp-config";
 const fs::path kForcedMirror = "/tmp/cwmp-config-force";
 const fs::path kSaveDirectory = "/tmp/.uci";
 const fs::path kRecord = "/tmp/tr069/cmd_record";
 const fs::path kRecordOnce = "/tmp/tr069/cmd_record_once";
-
-// Where a test program that is built below /tmp lies, there is nothing of the router's.
-bool is_foreign(const fs::path& path) {
-  const char* kept = std::getenv("KOVA_LAB_KEEP");
-  return kept != nullptr && path == kept;
-}
 
 // ---- Texts by name: the options of a package, the files of a router ----
 
@@ -50,7 +38,7 @@ std::vector<Name> changed(const std::map<Name, std::string>& before, const std::
 }
 
 using Options = std::map<std::string, std::string>;
-using Files = std::map<fs::path, std::string>;
+using Files = lab::DeviceFiles::Texts;
 
 // The options of a package file's text, by path; a section's type by the path of the section.
 Options options_of(const std::string& package, const std::string& text) {
@@ -157,61 +145,23 @@ std::string value_of(const uci_option& option) {
   return list;
 }
 
-DeviceState::DeviceState() {
-  for (const fs::path root : kRoots) {
-    note(root);
-    std::error_code missing;
-    for (auto entry = fs::recursive_directory_iterator(root, missing); entry != fs::recursive_directory_iterator();
-         ++entry) {
-      if (is_foreign(entry->path())) {
-        entry.disable_recursion_pending();
-      } else {
-        note(entry->path());
-      }
-    }
-  }
-}
-
-void DeviceState::note(const fs::path& path) {
-  const fs::file_status status = fs::symlink_status(path);
-  if (fs::is_directory(status)) directories_.insert(path);
-  if (!fs::is_regular_file(status)) return;
-  files_[path] = contents(path).value_or("");
-  permissions_[path] = status.permissions();
-}
-
-void DeviceState::restore() const {
-  const DeviceState now;
-  for (const auto& [path, ignored] : now.files_) {
-    if (!files_.contains(path)) fs::remove(path);
-  }
-  for (const fs::path& path : now.directories_) {
-    if (!directories_.contains(path)) fs::remove_all(path);
-  }
-  for (const fs::path& path : directories_) fs::create_directories(path);
-  for (const auto& [path, text] : files_) {
-    const auto present = now.files_.find(path);
-    if (present != now.files_.end() && present->second == text) continue;
-    write_file(path, text);
-    fs::permissions(path, permissions_.at(path));
-  }
-}
-
 std::vector<std::string> DeviceState::effects() const {
-  const DeviceState now;
-  std::vector<std::string> effects = stored_since(files_, now.files_);
-  for (const std::string& line : lines_of(added_text(files_, now.files_, kRecord))) effects.push_back(records(line));
-  const std::string once = text_of(now.files_, kRecordOnce);
-  if (once != text_of(files_, kRecordOnce)) {
+  const Files& before = files_.texts();
+  const lab::DeviceFiles current;
+  const Files& now = current.texts();
+  std::vector<std::string> effects = stored_since(before, now);
+  for (const std::string& line : lines_of(added_text(before, now, kRecord))) effects.push_back(records(line));
+  const std::string once = text_of(now, kRecordOnce);
+  if (once != text_of(before, kRecordOnce)) {
     for (const std::string& line : lines_of(once)) effects.push_back(records_once(line));
   }
-  for (const auto& [path, text] : now.files_) {
-    const auto before = files_.find(path);
-    if (before != files_.end() && before->second == text) continue;
+  for (const auto& [path, text] : now) {
+    const auto old = before.find(path);
+    if (old != before.end() && old->second == text) continue;
     if (!is_told_otherwise(path, text)) effects.push_back(writes(path, text));
   }
-  for (const auto& [path, text] : files_) {
-    if (!now.files_.contains(path) && !is_told_otherwise(path, text)) effects.push_back(removes(path));
+  for (const auto& [path, text] : before) {
+    if (!now.contains(path) && !is_told_otherwise(path, text)) effects.push_back(removes(path));
   }
   return effects;
 }

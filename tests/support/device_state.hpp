@@ -3,12 +3,11 @@
 
 #include <uci.h>
 
-#include <filesystem>
-#include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
+
+#include "device_files.hpp"
 
 namespace kova::test {
 
@@ -21,23 +20,16 @@ std::string value_of(const uci_option& option);
 
 class DeviceState {
  public:
-  // Now.
-  DeviceState();
+  // Puts every file and directory back as it was when this was made.
+  void restore() const { files_.restore(); }
 
-  // Puts every file and directory back as it was.
-  void restore() const;
-
-  // What has been done since to the configuration, the task records and all other files, as texts of tables.hpp.
+  // What has been done since then to the configuration, the task records and all other files, as texts of tables.hpp.
   std::vector<std::string> effects() const;
 
   bool operator==(const DeviceState& other) const = default;
 
  private:
-  void note(const std::filesystem::path& path);
-
-  std::map<std::filesystem::path, std::string> files_;
-  std::map<std::filesystem::path, std::filesystem::perms> permissions_;  // of the files
-  std::set<std::filesystem::path> directories_;
+  lab::DeviceFiles files_;
 };
 
 }  // namespace kova::test
