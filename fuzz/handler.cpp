@@ -35,7 +35,7 @@ struct World {
     }
     for (const char* directory : {"/etc/config", "/tmp"}) test::mount_memory(directory, 65536);
     for (const char* directory : {"/tmp/tr069", "/tmp/diag"}) std::filesystem::create_directories(directory);
-    for (const auto& [path, text] : files) std::ofstream(path) << text;
+    for (const auto& [path, text] : files) put(path, text);
     for (const auto& [path, text] : files) paths.push_back(path);
   }
 
@@ -44,6 +44,8 @@ struct World {
   std::map<std::string, std::string> files;
   std::vector<std::string> paths;
 };
+
+const World world;  // before the fuzzer has threads, which may not mount
 
 std::string spoilt(std::string text, Input& input) {
   const uint32_t kind = input.number(1);
@@ -55,22 +57,33 @@ std::string spoilt(std::string text, Input& input) {
   return text.replace(place, std::min(piece.size(), text.size() - place), piece);  // with something else
 }
 
-void call_handler(Input& input) {
+// A handler and its arguments.
+struct Question {
+  explicit Question(Input& input)
+      : row(test::kCatalogue[input.number(2) % std::size(test::kCatalogue)]),
+        operation(static_cast<int32_t>(input.number(1) % 3) - 1) {
+    for (int32_t& instance : instances) instance = static_cast<int8_t>(input.number(1));
+    value = input.text().c_str();  // to its first zero
+  }
+
+  const test::Row& row;
+  int32_t operation;
+  int32_t instances[6];
+  std::string value;
+};
+
+void ask(Question question) {
   static Guarded buffer(1 << 20);
-  const test::Row& row = test::kCatalogue[input.number(2) % std::size(test::kCatalogue)];
-  const auto operation = static_cast<int32_t>(input.number(1) % 3) - 1;
-  std::vector<int32_t> instances(6);
-  for (int32_t& instance : instances) instance = static_cast<int8_t>(input.number(1));
-  const std::string value = input.text().c_str();  // to its first zero
   const int descriptor = dup(0);
   close(descriptor);
-  if (operation == 0) {
+  if (question.operation == 0) {
     agent_state agent = test::running_agent();
-    const int32_t result = test::call(row.handler, 0, instances.data(), buffer.all(), &agent);
+    const int32_t result = test::call(question.row.handler, 0, question.instances, buffer.all(), &agent);
     require(result == 0 || result == -1);
   } else {
     uint32_t mask = 8;
-    const int32_t result = test::call(row.handler, operation, instances.data(), value.c_str(), &mask);
+    const int32_t result =
+        test::call(question.row.handler, question.operation, question.instances, question.value.c_str(), &mask);
     require(result == 0 || (result == -1 && mask == 8));
   }
   const int next = dup(0);
@@ -91,15 +104,15 @@ int pclose(FILE* pipe) { return fclose(pipe); }
 int system(const char* /*command*/) { return status; }
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const World world;
   Input input(data, size);
-  printed = input.text();
+  const Question question(input);
   status = static_cast<int32_t>(input.number(1) % 3) - 1;
   bus_status = input.number(1) % 4 == 1 ? 7 : 0;
-  bus_reply = input.text();
   const std::string& path = world.paths[input.number(1) % world.paths.size()];
   world.put(path, spoilt(world.files.at(path), input));
-  call_handler(input);
+  printed = input.text();
+  bus_reply = input.text();
+  ask(question);
   // A set may have changed any; the mirrors are left to fill up.
   for (const auto& [each, text] : world.files) {
     std::error_code unknown;

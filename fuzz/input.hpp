@@ -29,10 +29,12 @@ class Input {
     return number;
   }
 
-  // A text of at most 65535 characters, its length in front.
+  // A text up to the next byte 0xff, or the end.
   std::string text() {
-    const size_t length = std::min<size_t>(number(2), size_);
+    const auto* end = std::find(data_, data_ + size_, uint8_t{0xff});
+    const auto length = static_cast<size_t>(end - data_);
     const auto* start = reinterpret_cast<const char*>(take(length));
+    if (size_ > 0) take(1);
     return {start, length};
   }
 
