@@ -59,6 +59,7 @@ Figure get_from_package(int sections) {
 }  // namespace
 
 std::vector<Figure> figures() {
+  set_option();  // so that there is something to get
   const auto get_code = get(DeviceInfo_ProvisioningCode);
   std::vector<Figure> all = {
       {"option get", get_code, [] { read_option(nullptr, "cwmp", "info", "provisioningcode", output); }},
