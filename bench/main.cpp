@@ -31,7 +31,7 @@ int processes_of(const std::function<void()>& work) {
 // The first time may take more than all others.
 void time_of(benchmark::State& state, const std::function<void()>& work) {
   work();
-  for (auto _ : state) work();
+  while (state.KeepRunning()) work();
   state.counters["processes"] = processes_of(work);
 }
 

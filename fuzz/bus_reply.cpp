@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "bus.hpp"
+#include "input.hpp"
 #include "pkg-tool.h"
 
 using namespace kova::fuzz;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "bus.hpp"
+#include "input.hpp"
 #include "support/catalogue.hpp"
 #include "support/mount.hpp"
 
@@ -21,6 +22,7 @@ namespace {
 
 std::string printed;  // by commands
 int status = 0;       // of commands
+int pipes = 0;        // that are open
 
 // The texts that can be spoilt: packages, and what other programs leave.
 struct World {
@@ -88,19 +90,24 @@ void ask(Question question) {
   }
   const int next = dup(0);
   close(next);
-  require(next == descriptor);
+  require(next == descriptor && pipes == 0);
 }
 
 }  // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library's
 extern "C" {
 
 FILE* popen(const char* /*command*/, const char* /*mode*/) {
   if (status == -1) return errno = EMFILE, nullptr;
   static char nothing[1];
+  ++pipes;
   return printed.empty() ? fmemopen(nothing, 1, "r") : fmemopen(printed.data(), printed.size(), "r");
 }
-int pclose(FILE* pipe) { return fclose(pipe); }
+int pclose(FILE* pipe) {
+  --pipes;
+  return fclose(pipe);
+}
 int system(const char* /*command*/) { return status; }
 
 int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -121,3 +128,4 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   return 0;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
