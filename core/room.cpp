@@ -1,7 +1,7 @@
 #include "room.hpp"
 
 #include <string.h>
-#include <sys/statvfs.h>
+#include <sys/vfs.h>
 
 namespace kova {
 namespace {
@@ -28,9 +28,10 @@ uint64_t section_size(const uci_section& section) {
 }  // namespace
 
 uint64_t quoted_size(const char* value) {
-  uint64_t size = strlen(value);
-  for (const char* quote = strchr(value, '\''); quote != nullptr; quote = strchr(quote + 1, '\'')) size += 3;
-  return size;
+  const char* end = strchrnul(value, '\'');
+  uint64_t quotes = 0;
+  for (; *end != '\0'; end = strchrnul(end + 1, '\'')) ++quotes;
+  return static_cast<uint64_t>(end - value) + 3 * quotes;
 }
 
 uint64_t file_size(const uci_package& package) {
@@ -41,9 +42,10 @@ uint64_t file_size(const uci_package& package) {
 }
 
 bool has_room(const char* directory, uint64_t size, uint64_t beside) {
-  struct statvfs system = {};
-  if (statvfs(directory, &system) != 0 || system.f_blocks == 0 || system.f_frsize == 0) return true;
-  const auto blocks = [&](uint64_t bytes) { return (bytes + system.f_frsize - 1) / system.f_frsize; };
+  struct statfs system;
+  if (statfs(directory, &system) != 0 || system.f_blocks == 0 || system.f_frsize == 0) return true;
+  const auto block = static_cast<uint64_t>(system.f_frsize);
+  const auto blocks = [&](uint64_t bytes) { return (bytes + block - 1) / block; };
   return blocks(size) + blocks(beside) <= system.f_bavail;
 }
 

@@ -29,9 +29,7 @@ constexpr char kMirrorDirectory[] = "/tmp/cwmp-config";
 constexpr char kForcedMirrorDirectory[] = "/tmp/cwmp-config-force";
 
 // Changes that the agent has to take over even where it would keep its own value.
-constexpr const char* kForcedKeys[] = {"network.vlan.enable", "network.vlan", "wifi.ap.beamforming"};
-
-using ElementName = Text<512>;
+constexpr std::string_view kForcedKeys[] = {"network.vlan.enable", "network.vlan", "wifi.ap.beamforming"};
 
 const char* string_value(const uci_option* option) {
   return option != nullptr && option->type == UCI_TYPE_STRING ? option->v.string : nullptr;
@@ -41,61 +39,83 @@ const char* string_value(const uci_option* option) {
 std::span<char> unbounded(char* output) { return {output, SIZE_MAX - reinterpret_cast<uintptr_t>(output)}; }
 
 // A name that stands for itself in a path of libuci's.
-bool is_plain(const char* name) { return name != nullptr && strpbrk(name, ".=") == nullptr; }
+bool is_plain(const char* name) {
+  return name != nullptr && strchr(name, '.') == nullptr && strchr(name, '=') == nullptr;
+}
+
+// Names joined to a path. Not a Text: there are several in a write, and only what is used is ever touched.
+class Path {
+ public:
+  Path() { text_[0] = '\0'; }
+
+  // False, with as many names as fit, when they do not fit.
+  bool join(char separator, std::initializer_list<const char*> names) {
+    size_t used = 0;
+    for (const char* name : names) {
+      const size_t length = strlen(name);
+      if (used + length + 1 > sizeof text_) {
+        text_[std::min(used, sizeof text_ - 1)] = '\0';
+        return false;
+      }
+      memcpy(&text_[used], name, length);
+      used += length + 1;
+      text_[used - 1] = separator;
+    }
+    text_[used - 1] = '\0';
+    return true;
+  }
+
+  const char* c_str() const { return text_; }
+
+  // For a library that takes paths apart: a copy, into as much room.
+  static constexpr size_t kSize = 512;
+  void copy_to(char (&place)[kSize]) const { strcpy(place, text_); }
+
+ private:
+  char text_[kSize];
+};
 
 // A change of one option, as an exported function was asked for it.
 struct Change {
+  Change(const char* its_package, const char* its_section, const char* its_option, const char* its_value)
+      : package(its_package), section(its_section), option(its_option), value(its_value) {
+    if (is_valid) has_path = path.join('.', {package, section, option});
+  }
+
+  bool is_forced() const {
+    const std::string_view written = path.c_str();
+    return std::any_of(std::begin(kForcedKeys), std::end(kForcedKeys),
+                       [&](std::string_view key) { return written == key; });
+  }
+
   const char* package;
   const char* section;
   const char* option;
   const char* value;
-
   // Whether all of it is given, by plain names.
-  bool is_valid() const { return is_plain(package) && is_plain(section) && is_plain(option) && value != nullptr; }
+  bool is_valid = is_plain(package) && is_plain(section) && is_plain(option) && value != nullptr;
+  Path path;
+  bool has_path = false;
 };
 
-// Joins names to a path; false when they do not fit.
-bool join(std::span<char> path, char separator, std::initializer_list<const char*> names) {
-  size_t used = 0;
-  for (const char* name : names) {
-    const size_t length = strlen(name);
-    if (used + length + 1 > path.size()) {
-      path.back() = '\0';
-      return false;
-    }
-    memcpy(&path[used], name, length);
-    used += length + 1;
-    path[used - 1] = separator;
-  }
-  path[used - 1] = '\0';
-  return true;
-}
-
-bool is_forced(const Change& change) {
-  Text<128> path;
-  if (!change.is_valid()) return false;
-  join(path.span(), '.', {change.package, change.section, change.option});
-  return std::any_of(std::begin(kForcedKeys), std::end(kForcedKeys), [&](const char* key) { return path == key; });
-}
-
 // Sets the element that `path` names, as libuci sees it: with a value of any length.
-int set_element(uci_context* context, ElementName path, const char* value) {
+int set_element(uci_context* context, const Path& path, const char* value) {
+  char place[Path::kSize];
+  path.copy_to(place);
   uci_ptr element = {};
-  const int error = uci_lookup_ptr(context, &element, path.data(), false);
+  const int error = uci_lookup_ptr(context, &element, place, false);
   if (error != UCI_OK) return error;
   element.value = value;
   return uci_set(context, &element);
 }
 
 int set_option(uci_context* context, const Change& change) {
-  ElementName path;
-  if (!join(path.span(), '.', {change.package, change.section, change.option})) return UCI_ERR_INVAL;
-  return set_element(context, path, change.value);
+  return change.has_path ? set_element(context, change.path, change.value) : UCI_ERR_INVAL;
 }
 
 int create_section(uci_context* context, const Change& change) {
-  ElementName path;
-  if (!join(path.span(), '.', {change.package, change.section})) return UCI_ERR_INVAL;
+  Path path;
+  if (!path.join('.', {change.package, change.section})) return UCI_ERR_INVAL;
   return set_element(context, path, change.section);
 }
 
@@ -132,9 +152,10 @@ int create_empty_file(const char* path) {
 
 // Makes sure that a mirror has a file for the package, since libuci loads only existing ones.
 int prepare_mirror(const char* directory, const char* package) {
-  Text<512> path;
-  const bool fits = join(path.span(), '/', {directory, package});
+  Path path;
+  const bool fits = path.join('/', {directory, package});
   LOG("file %s\n\n", path.c_str());
+  if (fits && access(path.c_str(), F_OK) == 0) return kSuccess;
   if (access(directory, F_OK) != 0) {
     LOG("mkdir .\n");
     if (mkdir(directory, 0777) != 0) {
@@ -146,7 +167,6 @@ int prepare_mirror(const char* directory, const char* package) {
     LOG("create file %s failed!\n\n", path.c_str());
     return kFailure;
   }
-  if (access(path.c_str(), F_OK) == 0) return kSuccess;
   return create_empty_file(path.c_str());
 }
 
@@ -161,7 +181,7 @@ int uci_write_option(const Change& change, const char* directory) {
     LOG("uci alloc ctx error.\n\n");
     return kFailure;
   }
-  if (!change.is_valid()) {
+  if (!change.is_valid) {
     LOG("invalid uci set arg.\n\n");
     return kFailure;
   }
@@ -192,12 +212,13 @@ uint64_t size_of(const Change& change) {
 // Whether there is room for the change in the mirror, once the main store has it. libuci keeps the change itself in a
 // file for the time of a commit, and that beside the mirrors.
 bool mirror_has_room(const char* mirror, const Change& change) {
-  if (!change.is_valid()) return true;
-  Text<512> path;
-  struct stat file = {};
-  if (!join(path.span(), '/', {mirror, change.package}) || stat(path.c_str(), &file) != 0) file.st_size = 0;
+  if (!change.is_valid) return true;
+  Path path;
+  struct stat file;
+  const bool is_there = path.join('/', {mirror, change.package}) && stat(path.c_str(), &file) == 0;
+  const uint64_t present = is_there ? static_cast<uint64_t>(file.st_size) : 0;
   const uint64_t more = size_of(change);
-  return has_room(access(mirror, F_OK) == 0 ? mirror : kMirrorParent, static_cast<uint64_t>(file.st_size) + more, more);
+  return has_room(is_there || access(mirror, F_OK) == 0 ? mirror : kMirrorParent, present + more, more);
 }
 
 }  // namespace
@@ -289,9 +310,9 @@ int32_t uci_raw_extract_value_By_path(const char* package, const char* section, 
 }
 
 int32_t uci_raw_set_value(const char* package, const char* section, const char* option, const char* value) {
-  const Change change = {package, section, option, value};
+  const Change change(package, section, option, value);
   LOG("SUCF.\n\n");
-  const bool forced = is_forced(change);
+  const bool forced = change.is_forced();
   const char* mirror = forced ? kForcedMirrorDirectory : kMirrorDirectory;
   const bool room = mirror_has_room(mirror, change);
   if (!room) refuse_set(change, UCI_ERR_IO);
@@ -306,13 +327,13 @@ int32_t uci_raw_set_value(const char* package, const char* section, const char* 
 }
 
 int32_t uci_raw_set_value_By_path(const char* package, const char* section, const char* option, const char* value) {
-  const Change change = {package, section, option, value};
+  const Change change(package, section, option, value);
   const ConfigContext context(kStateDirectory);
   if (!context) {
     LOG("uci alloc ctx err.\n\n");
     return kFailure;
   }
-  if (!change.is_valid()) {
+  if (!change.is_valid) {
     LOG("Invalid input arg.\n\n");
     return kFailure;
   }

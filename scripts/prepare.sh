@@ -11,7 +11,7 @@ fail() {
 
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 LAB_PACKAGES=(bubblewrap proot busybox-static lua5.1 iproute2)
-TEST_PACKAGES=(libgtest-dev googletest pkgconf g++-aarch64-linux-gnu qemu-user-static)
+TEST_PACKAGES=(libgtest-dev googletest libbenchmark-dev valgrind pkgconf g++-aarch64-linux-gnu qemu-user-static)
 
 MUSL_PACKAGES=(clang-14 libc++-14-dev lld-14)
 

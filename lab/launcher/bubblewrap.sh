@@ -20,6 +20,7 @@ enter_bubblewrap() {
   local place view=(
     --bind "$device" / "${namespaces[@]}" --ro-bind "$device/rom" /rom --ro-bind "$applets" /bin
     --ro-bind /usr/lib /usr/lib --ro-bind-try /usr/lib64 /usr/lib64
+    --ro-bind-try /usr/libexec/valgrind /usr/libexec/valgrind
     --ro-bind "$build" "$build"
   )
   for place in "${!programs[@]}"; do

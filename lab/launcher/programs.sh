@@ -50,6 +50,9 @@ find_programs() {
       programs[/usr/bin/$tool]=$found
     fi
   done
+  if found=$(find_tool valgrind.bin); then
+    programs[/usr/bin/valgrind]=$found
+  fi
   applets=$build/lab/applets
   make_applets "$busybox"
 }

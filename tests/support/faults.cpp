@@ -9,7 +9,7 @@
 #include <string.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
+#include <sys/vfs.h>
 #include <uci.h>
 #include <unistd.h>
 
@@ -117,7 +117,7 @@ FAILING(0, ENOSPC, size_t, fwrite, (const void* block, size_t size, size_t count
 FAILING(-1, ENOSPC, int, mkdir, (const char* path, mode_t mode), (path, mode))
 FAILING(-1, EACCES, int, access, (const char* path, int mode), (path, mode))
 FAILING(-1, EIO, int, stat, (const char* path, struct stat* status), (path, status))
-FAILING(-1, EIO, int, statvfs, (const char* path, struct statvfs* status), (path, status))
+FAILING(-1, EIO, int, statfs, (const char* path, struct statfs* status), (path, status))
 FAILING(-1, EIO, ssize_t, read, (int file, void* block, size_t size), (file, block, size))
 FAILING(-1, EIO, int, ftruncate, (int file, off_t size), (file, size))
 FAILING(-1, ENOLCK, int, flock, (int file, int operation), (file, operation))

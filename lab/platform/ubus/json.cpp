@@ -92,9 +92,11 @@ Json to_json(const void* data, size_t length) {
   Json object = Json::object();
   auto* attribute = static_cast<blob_attr*>(const_cast<void*>(data));
   for (size_t rest = length; rest > 0; attribute = blob_next(attribute)) {
-    if (rest < sizeof(blob_attr) || blob_pad_len(attribute) > rest || !blobmsg_check_attr(attribute, false))
+    if (rest < sizeof(blob_attr)) throw std::runtime_error("malformed message");
+    const size_t size = blob_pad_len(attribute);
+    if (size < sizeof(blob_attr) || size > rest || !blobmsg_check_attr(attribute, false))
       throw std::runtime_error("malformed message");
-    rest -= blob_pad_len(attribute);
+    rest -= size;
     object[blobmsg_name(attribute)] = attribute_value(attribute);
   }
   return object;

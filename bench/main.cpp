@@ -1,0 +1,74 @@
+// Measures all figures in time, or under valgrind's callgrind in instructions.
+#include <benchmark/benchmark.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <valgrind/callgrind.h>
+
+#include <set>
+#include <string_view>
+#include <vector>
+
+#include "figures.hpp"
+
+using namespace kova::bench;
+
+namespace {
+
+// The number that the next process has in a sandbox with processes of its own, where nothing else starts any.
+pid_t next_process() {
+  const pid_t child = fork();
+  if (child == 0) _exit(0);
+  waitpid(child, nullptr, 0);
+  return child;
+}
+
+int processes_of(const std::function<void()>& work) {
+  const pid_t before = next_process();
+  work();
+  return next_process() - before - 1;
+}
+
+// The first time may take more than all others.
+void time_of(benchmark::State& state, const std::function<void()>& work) {
+  work();
+  while (state.KeepRunning()) work();
+  state.counters["processes"] = processes_of(work);
+}
+
+void count(const std::string& name, const std::function<void()>& work) {
+  CALLGRIND_START_INSTRUMENTATION;
+  work();
+  CALLGRIND_STOP_INSTRUMENTATION;
+  CALLGRIND_DUMP_STATS_AT(name.c_str());
+}
+
+// Several times, each with the heap somewhere else: that costs a few instructions more or less.
+void count(const Figure& figure) {
+  std::vector<std::string> in_between;
+  for (int i = 0; i < 12; ++i) {
+    in_between.emplace_back(500, ' ');
+    count(figure.name + "/plug-in", figure.plugin);
+    count(figure.name + "/platform", figure.platform);
+  }
+}
+
+}  // namespace
+
+// kova-bench [GOOGLE BENCHMARK'S OPTIONS]
+// kova-bench --instructions FIGURE...: for valgrind --tool=callgrind --instr-atstart=no
+int main(int argc, char** argv) {
+  const bool counts = argc > 1 && std::string_view(argv[1]) == "--instructions";
+  const std::set<std::string_view> counted(argv + 2, argv + argc);
+  for (const Figure& figure : figures()) {
+    if (!counts) {
+      benchmark::RegisterBenchmark((figure.name + "/plug-in").c_str(), time_of, figure.plugin);
+      benchmark::RegisterBenchmark((figure.name + "/platform").c_str(), time_of, figure.platform);
+    } else if (counted.contains(figure.name)) {
+      count(figure);
+    }
+  }
+  if (counts) return 0;
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+}
