@@ -1,9 +1,9 @@
 #include "platform.hpp"
 
-#include <sys/stat.h>
 #include <syslog.h>
 #include <unistd.h>
 
+#include "interpose.hpp"
 #include "processes.hpp"
 
 namespace kovadm {
@@ -18,33 +18,69 @@ Platform* answering = nullptr;
 
 }  // namespace
 
-FILE* Platform::open_pipe(const char* command, const char* mode) { return popen(command, mode); }
-int Platform::close_pipe(FILE* pipe) { return pclose(pipe); }
+// What this process defines of these itself is for the plug-in; a call from here, made last, would even look like one
+// of the plug-in's.
+
+FILE* Platform::open_pipe(const char* command, const char* mode) {
+  REAL(popen);
+  return real(command, mode);
+}
+int Platform::close_pipe(FILE* pipe) {
+  REAL(pclose);
+  return end_with_child(real(pipe));
+}
 int Platform::run(const char* command) { return run_in_shell(command); }
 
-FILE* Platform::open_file(const char* path, const char* mode) { return fopen(path, mode); }
-int Platform::test_file(const char* path, int mode) { return access(path, mode); }
-int Platform::make_directory(const char* path, mode_t mode) { return mkdir(path, mode); }
-void Platform::log(int priority, const char* format, va_list arguments) { vsyslog(priority, format, arguments); }
+FILE* Platform::open_file(const char* path, const char* mode) {
+  REAL(fopen);
+  return real(path, mode);
+}
+int Platform::test_file(const char* path, int mode) {
+  REAL(access);
+  return real(path, mode);
+}
+void Platform::log(int priority, const char* format, va_list arguments) {
+  REAL(vsyslog);
+  real(priority, format, arguments);
+}
 
-uci_context* Platform::open_store() { return uci_alloc_context(); }
-void Platform::close_store(uci_context* context) { uci_free_context(context); }
+uci_context* Platform::open_store() {
+  REAL(uci_alloc_context);
+  return real();
+}
+void Platform::close_store(uci_context* context) {
+  REAL(uci_free_context);
+  real(context);
+}
 int Platform::set_store_directory(uci_context* context, const char* directory) {
-  return uci_set_confdir(context, directory);
+  REAL(uci_set_confdir);
+  return real(context, directory);
 }
 int Platform::set_change_directory(uci_context* context, const char* directory) {
-  return uci_set_savedir(context, directory);
+  REAL(uci_set_savedir);
+  return real(context, directory);
 }
 int Platform::load(uci_context* context, const char* name, uci_package** package) {
-  return uci_load(context, name, package);
+  REAL(uci_load);
+  return real(context, name, package);
 }
 
-ubus_context* Platform::connect(const char* path) { return ubus_connect(path); }
-void Platform::disconnect(ubus_context* bus) { ubus_free(bus); }
-int Platform::look_up(ubus_context* bus, const char* object, uint32_t* id) { return ubus_lookup_id(bus, object, id); }
+ubus_context* Platform::connect(const char* path) {
+  REAL(ubus_connect);
+  return real(path);
+}
+void Platform::disconnect(ubus_context* bus) {
+  REAL(ubus_free);
+  real(bus);
+}
+int Platform::look_up(ubus_context* bus, const char* object, uint32_t* id) {
+  REAL(ubus_lookup_id);
+  return real(bus, object, id);
+}
 int Platform::invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
                      ubus_data_handler_t handler, void* handler_context, int timeout) {
-  return ubus_invoke(bus, id, method, message, handler, handler_context, timeout);
+  REAL(ubus_invoke_fd);
+  return real(bus, id, method, message, handler, handler_context, timeout, -1);
 }
 
 Platform& platform() { return answering != nullptr ? *answering : machine(); }

@@ -5,8 +5,6 @@ extern "C" {
 #include <libubus.h>
 #include <uci.h>
 }
-#include <sys/types.h>
-
 #include <cstdarg>
 #include <cstdio>
 #include <string>
@@ -27,7 +25,6 @@ class Platform {
 
   virtual FILE* open_file(const char* path, const char* mode);
   virtual int test_file(const char* path, int mode);
-  virtual int make_directory(const char* path, mode_t mode);
   virtual void log(int priority, const char* format, va_list arguments);
 
   virtual uci_context* open_store();

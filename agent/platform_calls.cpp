@@ -1,6 +1,8 @@
 // The functions of the C library's and the platform's that the plug-in works through. This process comes first when the
 // plug-in's symbols are resolved: the plug-in's calls go to whoever answers for the platform, and are noted; all others
 // go on.
+#include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include "debug_switch.hpp"
@@ -60,7 +62,17 @@ int access(const char* path, int mode) noexcept {
 
 int mkdir(const char* path, mode_t mode) noexcept {
   REAL(mkdir);
-  return FROM_PLUGIN ? platform().make_directory(path, mode) : real(path, mode);
+  return FROM_PLUGIN ? real(platform().place(path).c_str(), mode) : real(path, mode);
+}
+
+int stat(const char* path, struct stat* status) noexcept {
+  REAL(stat);
+  return FROM_PLUGIN ? real(platform().place(path).c_str(), status) : real(path, status);
+}
+
+int statvfs(const char* path, struct statvfs* status) noexcept {
+  REAL(statvfs);
+  return FROM_PLUGIN ? real(platform().place(path).c_str(), status) : real(path, status);
 }
 
 void vsyslog(int priority, const char* format, va_list arguments) {

@@ -67,25 +67,6 @@ void leave_packages(Which which, Recorder& into) {
 
 // ---- Bus ----
 
-std::string message_text(blob_attr* message) {
-  std::string text;
-  if (message == nullptr) return text;
-  auto rest = static_cast<std::size_t>(blob_len(message));
-  for (auto* field = static_cast<blob_attr*>(blob_data(message));
-       rest >= sizeof(blob_attr) && blob_pad_len(field) <= rest;
-       rest -= blob_pad_len(field), field = blob_next(field)) {
-    text += std::string(" ") + blobmsg_name(field) + "=";
-    if (blobmsg_type(field) == BLOBMSG_TYPE_STRING) {
-      text += blobmsg_get_string(field);
-    } else if (blobmsg_type(field) == BLOBMSG_TYPE_INT32) {
-      text += std::to_string(blobmsg_get_u32(field));
-    } else {
-      text += "...";
-    }
-  }
-  return text;
-}
-
 std::string status_text(int status) { return status == 0 ? "" : " (status " + std::to_string(status) + ")"; }
 
 // ---- Log ----
@@ -113,6 +94,25 @@ std::string without(std::string text, const std::vector<std::string>& messages) 
 }
 
 }  // namespace
+
+std::string message_text(blob_attr* message) {
+  std::string text;
+  if (message == nullptr) return text;
+  auto rest = static_cast<std::size_t>(blob_len(message));
+  for (auto* field = static_cast<blob_attr*>(blob_data(message));
+       rest >= sizeof(blob_attr) && blob_pad_len(field) <= rest;
+       rest -= blob_pad_len(field), field = blob_next(field)) {
+    text.append(" ").append(blobmsg_name(field)).append("=");
+    if (blobmsg_type(field) == BLOBMSG_TYPE_STRING) {
+      text += blobmsg_get_string(field);
+    } else if (blobmsg_type(field) == BLOBMSG_TYPE_INT32) {
+      text += std::to_string(blobmsg_get_u32(field));
+    } else {
+      text += "...";
+    }
+  }
+  return text;
+}
 
 Trace trace(const std::function<void()>& work) {
   const DebugSwitch debug;

@@ -37,6 +37,9 @@ struct Trace {
 // Calls `work` with the debug log on, observing. Calls must not nest.
 Trace trace(const std::function<void()>& work);
 
+// A message of the bus for people: " NAME=VALUE" for each field.
+std::string message_text(blob_attr* message);
+
 // What the plug-in's calls tell while they are observed; otherwise nothing happens. Status 0 is success.
 namespace note {
 

@@ -1,9 +1,6 @@
-#include "bus_message.hpp"
+#include "recording/bus_message.hpp"
 
-extern "C" {
-#include <libubox/blobmsg.h>
-}
-#include "bytes_json.hpp"
+#include "recording/bytes_json.hpp"
 
 namespace kovadm {
 namespace {
@@ -66,11 +63,11 @@ void add_json(Json& object, const std::string& name, blob_attr* field) {
   if (blobmsg_type(field) == BLOBMSG_TYPE_ARRAY) return add_array(object, name, field);
   const auto plain = field_name(name).kind == Kind::PLAIN ? plain_json(field) : std::nullopt;
   if (plain) {
-    object.emplace(name, *plain);
+    object.emplace(name, Json(*plain));
   } else if (blobmsg_type(field) == BLOBMSG_TYPE_INT64) {
-    object.emplace(name + ":int64", static_cast<int64_t>(blobmsg_get_u64(field)));
+    object.emplace(name + ":int64", Json(static_cast<int64_t>(blobmsg_get_u64(field))));
   } else {
-    object.emplace(name + ":raw-" + std::to_string(blobmsg_type(field)), to_hexadecimal(bytes_of(field)));
+    object.emplace(name + ":raw-" + std::to_string(blobmsg_type(field)), Json(to_hexadecimal(bytes_of(field))));
   }
 }
 
@@ -82,6 +79,7 @@ Json table_json(const void* data, std::size_t length) {
 
 // ---- From JSON ----
 
+void add_fields(blob_buf& message, const Json& object);
 void add_field(blob_buf& message, const std::string& member, const Json& value);
 
 void add_plain(blob_buf& message, const char* name, const Json& value) {
@@ -120,6 +118,10 @@ void add_field(blob_buf& message, const std::string& member, const Json& value) 
   blobmsg_add_field(&message, type, name.c_str(), bytes.data(), static_cast<unsigned>(bytes.size()));
 }
 
+void add_fields(blob_buf& message, const Json& object) {
+  for (const auto& [member, value] : object.items()) add_field(message, member, value);
+}
+
 }  // namespace
 
 Json to_json(const blob_attr* message) {
@@ -127,8 +129,9 @@ Json to_json(const blob_attr* message) {
                             : Json::object();
 }
 
-void add_fields(blob_buf& message, const Json& object) {
-  for (const auto& [member, value] : object.items()) add_field(message, member, value);
+BusMessage::BusMessage(const Json& object) {
+  blob_buf_init(&buffer_, 0);
+  add_fields(buffer_, object);
 }
 
 }  // namespace kovadm

@@ -1,4 +1,4 @@
-#include "bytes_json.hpp"
+#include "recording/bytes_json.hpp"
 
 #include <charconv>
 #include <vector>
@@ -8,9 +8,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json line_to_json(const std::string& line) {
-  return is_utf8(line) ? Json(line) : Json{{"hex", to_hexadecimal(line)}};
-}
+Json line_to_json(const std::string& line) { return is_utf8(line) ? Json(line) : Json{{"hex", to_hexadecimal(line)}}; }
 
 std::optional<std::string> line_from_json(const Json& value) {
   if (value.is_string()) return value.get<std::string>();

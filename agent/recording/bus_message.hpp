@@ -6,18 +6,29 @@
 //   "NAME:raw-N"   a field of type N, its bytes in hexadecimal digits
 #pragma once
 
+extern "C" {
+#include <libubox/blobmsg.h>
+}
 #include <nlohmann/json.hpp>
-
-struct blob_attr;
-struct blob_buf;
 
 namespace kovadm {
 
 // The message; nullptr for none. What is malformed ends it.
 nlohmann::ordered_json to_json(const blob_attr* message);
 
-// Adds the members of an object that is_message().
-void add_fields(blob_buf& message, const nlohmann::ordered_json& object);
+// The message that an object stands for, which is_message().
+class BusMessage {
+ public:
+  explicit BusMessage(const nlohmann::ordered_json& object);
+  ~BusMessage() { blob_buf_free(&buffer_); }
+  BusMessage(const BusMessage&) = delete;
+  BusMessage& operator=(const BusMessage&) = delete;
+
+  blob_attr* get() const { return buffer_.head; }
+
+ private:
+  blob_buf buffer_ = {};
+};
 
 // A member's name, taken apart.
 struct FieldName {

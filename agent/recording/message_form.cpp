@@ -1,8 +1,8 @@
 // The form of messages as JSON; needs no bus.
 #include <charconv>
 
-#include "bus_message.hpp"
-#include "bytes_json.hpp"
+#include "recording/bus_message.hpp"
+#include "recording/bytes_json.hpp"
 
 namespace kovadm {
 namespace {
