@@ -64,8 +64,10 @@ void Secrets::note(const Trace& trace, const std::string& value) {
 
 bool Secrets::is_secret_option(const std::string& package, const std::string& option, const std::string& value) const {
   if (value.empty() || value == kSecretMark) return false;
-  return is_secret_name(option) || options_.contains({package, option}) ||
-         (value.size() >= kTellingLength && values_.contains(value));
+  if (is_secret_name(option) || options_.contains({package, option})) return true;
+  return std::any_of(values_.begin(), values_.end(), [&](const std::string& secret) {
+    return secret.size() >= kTellingLength && value.find(secret) != std::string::npos;
+  });
 }
 
 std::string Secrets::without_options(const std::string& package, const std::string& text,
@@ -101,16 +103,23 @@ void Secrets::replace_in_reply(Json& value, const std::string& call, std::set<st
   }
 }
 
+// State files need not have the form of packages.
+std::string Secrets::without_secrets(const std::string& path, const std::string& text,
+                                     std::set<std::string>& replaced) {
+  const std::string rest = without_options(package_of(path), text, replaced);
+  return path.starts_with("/tmp/") ? without_values(rest, "file " + path, replaced) : rest;
+}
+
 std::set<std::string> Secrets::replace_in(Recording& recording) {
   std::set<std::string> replaced;
   // Twice: values that are found by their names may stand elsewhere, too.
   for (int time = 0; time < 2; ++time) {
     for (auto& [directory, files] : recording.directories) {
-      for (auto& [name, text] : files) text = without_options(package_of(directory + "/" + name), text, replaced);
+      for (auto& [name, text] : files) text = without_secrets(directory + "/" + name, text, replaced);
     }
     for (auto& [command, answer] : recording.commands) {
       for (auto& [path, text] : answer.changed) {
-        if (text) text = without_options(package_of(path), *text, replaced);
+        if (text) text = without_secrets(path, *text, replaced);
       }
     }
   }

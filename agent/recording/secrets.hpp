@@ -29,6 +29,7 @@ class Secrets {
 
  private:
   bool is_secret_option(const std::string& package, const std::string& option, const std::string& value) const;
+  std::string without_secrets(const std::string& path, const std::string& text, std::set<std::string>& replaced);
   std::string without_options(const std::string& package, const std::string& text, std::set<std::string>& replaced);
   std::string without_values(std::string text, const std::string& source, std::set<std::string>& replaced) const;
   void replace_in_reply(nlohmann::ordered_json& value, const std::string& call, std::set<std::string>& replaced) const;
