@@ -18,9 +18,12 @@ std::vector<int32_t> instance_array(const Parameter& parameter);
 
 class Agent {
  public:
-  Agent(const std::string& plugin_file, const std::string& record_file) : plugin_(plugin_file), record_(record_file) {}
+  // `fields` are of the agent's record.
+  Agent(const std::string& plugin_file, const nlohmann::json& fields)
+      : plugin_(plugin_file), fields_(fields), record_(fields) {}
 
   const Plugin& plugin() const { return plugin_; }
+  const nlohmann::json& fields() const { return fields_; }
 
   // The parameter's value, or the fault.
   std::variant<std::string, Fault> get(const Parameter& parameter);
@@ -30,6 +33,7 @@ class Agent {
 
  private:
   Plugin plugin_;
+  nlohmann::json fields_;
   AgentRecord record_;
 };
 

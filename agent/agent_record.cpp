@@ -44,15 +44,6 @@ Taker text(char (&target)[Size]) {
   };
 }
 
-json read_object(const std::string& file) {
-  std::ifstream stream(file);
-  stream.peek();  // a directory can be opened, but not read
-  if (stream.fail()) throw SetupError("agent state: cannot read " + file);
-  json object = json::parse(stream, nullptr, false);
-  if (!object.is_object()) throw SetupError("agent state: " + file + " is no JSON object");
-  return object;
-}
-
 void take_fields(const json& object, const std::map<std::string, Taker>& takers) {
   for (const auto& [name, value] : object.items()) {
     const auto taker = takers.find(name);
@@ -70,26 +61,34 @@ void take_fields(const json& object, const std::map<std::string, Taker>& takers)
 
 }  // namespace
 
-AgentRecord::AgentRecord(const std::string& file) {
+json read_agent_fields(const std::string& file) {
+  if (file.empty()) return json::object();
+  std::ifstream stream(file);
+  stream.peek();  // a directory can be opened, but not read
+  if (stream.fail()) throw SetupError("agent state: cannot read " + file);
+  json object = json::parse(stream, nullptr, false);
+  if (!object.is_object()) throw SetupError("agent state: " + file + " is no JSON object");
+  return object;
+}
+
+AgentRecord::AgentRecord(const json& fields) {
   state_.connection_request_port = 7547;
   state_.stun_max_keepalive = 60;
   state_.stun_min_keepalive = 30;
   state_.stun_server_port = 3478;
-  if (!file.empty()) {
-    take_fields(read_object(file), {{"connection_request_port", number(state_.connection_request_port)},
-                                    {"connection_request_path", text(path_, "/")},
-                                    {"connection_request_host", text(host_)},
-                                    {"stun_enabled", number(state_.stun_enabled, uint8_t{1})},
-                                    {"nat_detected", number(state_.nat_detected)},
-                                    {"stun_max_keepalive", number(state_.stun_max_keepalive)},
-                                    {"stun_min_keepalive", number(state_.stun_min_keepalive)},
-                                    {"stun_username", text(state_.stun_username)},
-                                    {"stun_password", text(state_.stun_password)},
-                                    {"udp_connection_request_address", text(state_.udp_connection_request_address)},
-                                    {"stun_server_address", text(state_.stun_server_address)},
-                                    {"stun_server_port", number(state_.stun_server_port)},
-                                    {"wan_interface", text(wan_interface_)}});
-  }
+  take_fields(fields, {{"connection_request_port", number(state_.connection_request_port)},
+                       {"connection_request_path", text(path_, "/")},
+                       {"connection_request_host", text(host_)},
+                       {"stun_enabled", number(state_.stun_enabled, uint8_t{1})},
+                       {"nat_detected", number(state_.nat_detected)},
+                       {"stun_max_keepalive", number(state_.stun_max_keepalive)},
+                       {"stun_min_keepalive", number(state_.stun_min_keepalive)},
+                       {"stun_username", text(state_.stun_username)},
+                       {"stun_password", text(state_.stun_password)},
+                       {"udp_connection_request_address", text(state_.udp_connection_request_address)},
+                       {"stun_server_address", text(state_.stun_server_address)},
+                       {"stun_server_port", number(state_.stun_server_port)},
+                       {"wan_interface", text(wan_interface_)}});
   state_.connection_request_path = path_.c_str();
   state_.connection_request_host = host_.c_str();
   state_.wan_interface = wan_interface_.c_str();

@@ -1,17 +1,20 @@
-// The agent's own record that a few getters read: defaults, or the fields of a JSON file over them.
+// The agent's own record that a few getters read: defaults, or given fields over them.
 #pragma once
 
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "pkg-tool.h"
 
 namespace kovadm {
 
+// The fields that a file gives, none without a file. Throws SetupError for a file that cannot be read or is no object.
+nlohmann::json read_agent_fields(const std::string& file);
+
 class AgentRecord {
  public:
-  // An empty `file` leaves the defaults. Throws SetupError for a file that cannot be read, an unknown field, or a value
-  // out of range.
-  explicit AgentRecord(const std::string& file);
+  // Throws SetupError for an unknown field, or a value out of range.
+  explicit AgentRecord(const nlohmann::json& fields);
   AgentRecord(const AgentRecord&) = delete;
   AgentRecord& operator=(const AgentRecord&) = delete;
 

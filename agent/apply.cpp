@@ -1,6 +1,5 @@
 #include "apply.hpp"
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "apply_mask.hpp"
@@ -11,12 +10,6 @@
 
 namespace kovadm {
 namespace {
-
-// As the shell tells it.
-int exit_status(int status) {
-  if (status == -1) return -1;
-  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
-}
 
 // A recorded command may be meant for the background; what it does there counts too.
 std::string to_the_end(const std::string& command) {

@@ -59,6 +59,7 @@ void define_options(CLI::App& app, Arguments& arguments) {
       ->option_text("FILE");
   app.add_option("--agent-state", arguments.agent_state, "JSON file with fields of the agent's record")
       ->option_text("FILE");
+  app.add_option("--replay", arguments.replay, "Answer from a recording instead of this machine")->option_text("FILE");
   app.set_version_flag("--version", "kovadm " KOVADM_VERSION);
 }
 
@@ -79,6 +80,14 @@ void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::strin
   walk->add_option("PREFIX", arguments.prefixes, kPrefixes);
   CLI::App* explain = app.add_subcommand("explain", "What one get of PATH really does");
   explain->add_option("PATH", arguments.path)->required();
+  CLI::App* record = app.add_subcommand("record", "Keep in FILE all that gets depend on, to be replayed elsewhere");
+  record->add_option("FILE", arguments.recording)->required();
+  record->add_option("PREFIX", arguments.prefixes, kPrefixes);
+  record->add_flag("--with-secrets", arguments.with_secrets, "Keep passwords and keys; else a mark replaces them");
+  CLI::App* diff = app.add_subcommand("diff", "Parameters that differ between two recordings, and why");
+  diff->add_option("RECORDING", arguments.recordings, "Two files; one is compared with this router")
+      ->required()
+      ->expected(1, 2);
   CLI::App* profiles = app.add_subcommand("profiles", "What is served of the published data models' profiles");
   profiles->add_option("NAME", arguments.profiles, "A profile, to be told of parameter by parameter");
   profiles->add_flag("--live", arguments.live, "Ask the device too whether the parameters answer");

@@ -20,6 +20,10 @@ struct Arguments {
   bool live = false;
   std::string plugin;
   std::string agent_state;
+  std::string replay;     // a recording's file
+  std::string recording;  // record: the file to write
+  bool with_secrets = false;
+  std::vector<std::string> recordings;  // diff: one or two
   std::string path;
   std::vector<std::string> prefixes;
   std::vector<std::string> paths;

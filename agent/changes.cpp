@@ -9,6 +9,7 @@ extern "C" {
 #include <set>
 #include <sstream>
 
+#include "platform.hpp"
 #include "task_records.hpp"
 
 namespace kovadm {
@@ -41,33 +42,35 @@ void add_package(const uci_package& package, Values& values) {
   }
 }
 
-std::vector<fs::path> files_in(const char* directory) {
+std::vector<fs::path> files_in(const std::string& directory) {
   std::vector<fs::path> files;
   std::error_code missing;
   for (const fs::directory_entry& file : fs::directory_iterator(directory, missing)) {
-    if (file.is_regular_file(missing) && !is_task_record(file.path())) files.push_back(file.path());
+    if (file.is_regular_file(missing)) files.push_back(file.path());
   }
   return files;
 }
 
-Values read_store(const char* directory, const char* pending_changes) {
+Values read_store(const std::string& directory, const std::string& pending_changes) {
+  const std::string place = platform().place(directory);
   Values values;
-  for (const fs::path& file : files_in(directory)) {
+  for (const fs::path& file : files_in(place)) {
+    if (is_task_record(fs::path(directory) / file.filename())) continue;
     const std::unique_ptr<uci_context, decltype(&uci_free_context)> context(uci_alloc_context(), &uci_free_context);
-    uci_set_confdir(context.get(), directory);
-    uci_set_savedir(context.get(), pending_changes);
+    uci_set_confdir(context.get(), place.c_str());
+    uci_set_savedir(context.get(), platform().place(pending_changes).c_str());
     uci_package* package = nullptr;
     if (uci_load(context.get(), file.filename().c_str(), &package) == UCI_OK) add_package(*package, values);
   }
   return values;
 }
 
-Values read_files(const char* directory) {
+Values read_files(const std::string& directory) {
   Values values;
-  for (const fs::path& file : files_in(directory)) {
+  for (const fs::path& file : files_in(platform().place(directory))) {
     std::ostringstream text;
     text << std::ifstream(file).rdbuf();
-    values[file] = text.str();
+    values[fs::path(directory) / file.filename()] = text.str();
   }
   return values;
 }

@@ -7,6 +7,7 @@
 
 #include "agent.hpp"
 #include "output.hpp"
+#include "recording/recording.hpp"
 
 namespace kovadm {
 
@@ -37,6 +38,15 @@ int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& op
 // What is served of the profiles of the published data models; with names, what of their parameters. Asks the device
 // for its answers where there is an `agent`. Throws SetupError for an unknown name.
 int profiles(Agent* agent, const std::vector<std::string>& names, Output& output);
+
+// Keeps in `file` what gets of the parameters below the prefixes depend on, of all where there is no prefix. Secrets
+// are replaced unless they are to be kept. Throws std::system_error for a file that cannot be written.
+int record(Agent& agent, const std::string& file, const std::vector<std::string>& prefixes, bool with_secrets,
+           Output& output);
+
+// The parameters that differ between two recorded devices, and what explains that. Returns 1 where some do. Throws
+// SetupError for recordings that cannot be compared.
+int diff(Recording before, Recording after, const std::string& plugin, Output& output);
 
 // Gets the parameter once and tells what that did.
 int explain(Agent& agent, const std::string& path, Output& output);

@@ -4,15 +4,19 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <string>
+
+#include "platform.hpp"
 
 namespace kovadm {
 namespace {
 
-constexpr char kFile[] = "/tmp/cwmp_debug";
 constexpr int kEndings[] = {SIGABRT, SIGBUS, SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGSEGV, SIGTERM};
 
+std::string file;  // a signal's handler needs it
+
 bool create_file() {
-  const int descriptor = open(kFile, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
   if (descriptor < 0) return false;
   close(descriptor);
   return true;
@@ -20,7 +24,7 @@ bool create_file() {
 
 // A run that is broken off must not leave the router logging.
 void remove_file_and_end(int signal) {
-  unlink(kFile);
+  unlink(file.c_str());
   std::signal(signal, SIG_DFL);
   raise(signal);
 }
@@ -41,6 +45,7 @@ DebugSwitch::DebugSwitch() {
   sigemptyset(&endings);
   for (const int signal : kEndings) sigaddset(&endings, signal);
   sigprocmask(SIG_BLOCK, &endings, &before);
+  file = platform().place(std::string(kFile));
   created_ = create_file();
   if (created_) replace_endings(remove_file_and_end);
   sigprocmask(SIG_SETMASK, &before, nullptr);
@@ -48,7 +53,7 @@ DebugSwitch::DebugSwitch() {
 
 DebugSwitch::~DebugSwitch() {
   if (!created_) return;
-  unlink(kFile);
+  unlink(file.c_str());
   replace_endings(SIG_DFL);
 }
 

@@ -49,11 +49,18 @@ void tell_look_ups(const std::vector<LookUp>& look_ups, Output& output) {
   output.document()["options"] = list;
 }
 
+std::vector<std::string> file_lines(const std::vector<FileUse>& files) {
+  std::vector<std::string> lines;
+  for (const auto& [path, finding] : files) lines.push_back(path + (finding.empty() ? "" : " (" + finding + ")"));
+  return lines;
+}
+
 void tell_trace(const Trace& trace, Output& output) {
   tell_look_ups(trace.look_ups, output);
+  const std::vector<std::string> files = file_lines(trace.files);
   const std::pair<const char*, const std::vector<std::string>&> parts[] = {{"walked", trace.walked_packages},
                                                                            {"commands", trace.commands},
-                                                                           {"files", trace.files},
+                                                                           {"files", files},
                                                                            {"bus", trace.bus_calls},
                                                                            {"log", trace.log}};
   for (const auto& [heading, lines] : parts) {
@@ -74,8 +81,7 @@ int explain(Agent& agent, const std::string& path, Output& output) {
   }
   tell_row(*parameter, output);
   std::variant<std::string, Fault> answer;
-  const auto* code = reinterpret_cast<const void*>(agent.plugin().handler(parameter->row->handler));
-  tell_trace(trace(code, [&] { answer = agent.get(*parameter); }), output);
+  tell_trace(trace([&] { answer = agent.get(*parameter); }), output);
   const auto* value = std::get_if<std::string>(&answer);
   if (value != nullptr) {
     tell("value", {*value}, output);

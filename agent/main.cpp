@@ -6,10 +6,12 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <set>
 #include <system_error>
 
 #include "arguments.hpp"
 #include "debug_switch.hpp"
+#include "recording/replay.hpp"
 
 namespace {
 
@@ -26,20 +28,61 @@ int run_without_router(const Arguments& arguments) {
   return profiles(nullptr, arguments.profiles, output);
 }
 
-int run(const Arguments& arguments) {
-  const std::string& command = arguments.command;
-  if (command == "list" || (command == "profiles" && !arguments.live)) return run_without_router(arguments);
+// A recording made of this router now, as far and as discreet as another one.
+Recording record_like(const Recording& other, const Arguments& arguments, Output& output) {
   need_router();
-  Agent agent(arguments.plugin, arguments.agent_state);
+  Recording recording;
+  recording.prefixes = other.prefixes;
+  std::set<std::string> replaced;
+  Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state));
+  make_recording(agent, recording, replaced, output);
+  return recording;
+}
+
+int run_diff(const Arguments& arguments) {
+  Output output(arguments.json);
+  Recording before = read_recording(arguments.recordings.front());
+  Recording after = arguments.recordings.size() == 2 ? read_recording(arguments.recordings.back())
+                                                     : record_like(before, arguments, output);
+  return diff(std::move(before), std::move(after), arguments.plugin, output);
+}
+
+int run_command(Agent& agent, const Arguments& arguments, Output& output) {
   std::optional<DebugSwitch> debug;
   if (arguments.debug) debug.emplace();
-
-  Output output(arguments.json);
+  const std::string& command = arguments.command;
   if (command == "get") return get(agent, arguments.paths, output);
   if (command == "set") return set(agent, arguments.settings, arguments.set, output);
   if (command == "walk") return walk(agent, arguments.prefixes, output);
+  if (command == "record")
+    return record(agent, arguments.recording, arguments.prefixes, arguments.with_secrets, output);
   if (command == "profiles") return profiles(&agent, arguments.profiles, output);
   return explain(agent, arguments.path, output);
+}
+
+int run_replay(const Arguments& arguments) {
+  if (arguments.set.apply) throw SetupError("--apply runs commands, and a replay runs none");
+  Recording recording = read_recording(arguments.replay);
+  Agent agent(arguments.plugin, arguments.agent_state.empty() ? nlohmann::json(recording.agent)
+                                                              : read_agent_fields(arguments.agent_state));
+  Output output(arguments.json);
+  RecordedPlatform platform(recording, RecordedPlatform::Source::RECORDING,
+                            [&](const std::string& what) { output.not_recorded(what); });
+  const PlatformInUse in_use(platform);
+  return run_command(agent, arguments, output);
+}
+
+int run(const Arguments& arguments) {
+  const std::string& command = arguments.command;
+  if (command == "list" || (command == "profiles" && !arguments.live)) return run_without_router(arguments);
+  if (!arguments.replay.empty() && (command == "record" || command == "diff"))
+    throw SetupError("--replay is for get, set, walk, explain and profiles");
+  if (command == "diff") return run_diff(arguments);
+  if (!arguments.replay.empty()) return run_replay(arguments);
+  need_router();
+  Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state));
+  Output output(arguments.json);
+  return run_command(agent, arguments, output);
 }
 
 // What was written, when it was.

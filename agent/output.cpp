@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <sstream>
@@ -73,8 +74,16 @@ void Output::take_printed() {
   for (std::string line; std::getline(stream, line);) put_line(file_.get(), "printed: " + one_line(line));
 }
 
+// Not at once: while it is found out, what is written to standard error may be caught.
+void Output::tell_not_recorded() {
+  for (; told_not_recorded_ < not_recorded_.size(); ++told_not_recorded_) {
+    if (!json_) put_line(stderr, "not recorded: " + one_line(not_recorded_[told_not_recorded_]));
+  }
+}
+
 void Output::line(const std::string& text) {
   take_printed();
+  tell_not_recorded();
   if (!json_) put_line(file_.get(), text);
 }
 
@@ -84,6 +93,7 @@ void Output::value(const std::string& path, const std::string& value) {
 }
 
 void Output::fault(const Fault& fault) {
+  tell_not_recorded();
   faults_.push_back(to_json(fault));
   if (!json_) put_line(stderr, to_text(fault));
 }
@@ -93,8 +103,15 @@ void Output::failure(const std::string& text) {
   if (!json_) put_line(stderr, "failed: " + one_line(text));
 }
 
+void Output::not_recorded(const std::string& what) {
+  failed_ = true;
+  if (std::find(not_recorded_.begin(), not_recorded_.end(), what) == not_recorded_.end()) not_recorded_.push_back(what);
+}
+
 int Output::finish(int success) {
   take_printed();
+  tell_not_recorded();
+  if (!not_recorded_.empty()) document_["not_recorded"] = not_recorded_;
   if (!document_.contains("printed")) document_["printed"] = printed_;
   document_["faults"] = faults_;
   // Values are bytes of the device's; what is no UTF-8 is replaced.

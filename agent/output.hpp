@@ -5,6 +5,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "caught_output.hpp"
 #include "fault.hpp"
@@ -30,6 +31,9 @@ class Output {
   // What failed without being a fault of a parameter; the document tells it elsewhere.
   void failure(const std::string& text);
 
+  // What a recording has no answer for, and therefore failed; told once.
+  void not_recorded(const std::string& what);
+
   // Ends the output. Returns the exit status: 1 after a fault or a failure, else `success`. Throws std::system_error
   // when standard output did not take everything.
   int finish(int success = 0);
@@ -40,6 +44,7 @@ class Output {
   };
 
   void take_printed();
+  void tell_not_recorded();
 
   bool json_;
   bool failed_ = false;
@@ -48,6 +53,8 @@ class Output {
   std::string printed_;
   Json document_ = Json::object();
   Json faults_ = Json::array();
+  std::vector<std::string> not_recorded_;
+  std::size_t told_not_recorded_ = 0;
 };
 
 // Control characters as \n, \t, \x1b and a backslash as \\, so that every text takes one line and stays told apart.

@@ -1,6 +1,7 @@
 #include "plugin.hpp"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <filesystem>
 #include <system_error>
@@ -25,6 +26,13 @@ std::string find_plugin() {
   throw SetupError("no plug-in; looked for" + tried);
 }
 
+const void* loaded = nullptr;
+
+const void* library_of(const void* address) {
+  Dl_info info = {};
+  return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
+}
+
 }  // namespace
 
 void Plugin::Closer::operator()(void* library) const { dlclose(library); }
@@ -33,7 +41,11 @@ Plugin::Plugin(const std::string& file)
     : file_(file.empty() ? find_plugin() : fs::absolute(file).string()),
       library_(dlopen(file_.c_str(), RTLD_NOW | RTLD_LOCAL)) {
   if (!library_) throw SetupError(std::string("cannot load the plug-in: ") + dlerror());
+  const link_map* map = nullptr;
+  if (dlinfo(library_.get(), RTLD_DI_LINKMAP, &map) == 0) loaded = library_of(map->l_ld);
 }
+
+bool is_plugin_code(const void* address) { return loaded != nullptr && library_of(address) == loaded; }
 
 parameter_handler Plugin::handler(const std::string& name) const {
   return reinterpret_cast<parameter_handler>(dlsym(library_.get(), name.c_str()));

@@ -18,15 +18,6 @@
 namespace kovadm {
 namespace {
 
-// Whoever breaks off a child means its parent too.
-int end_with_child(int status) {
-  if (status != -1 && WIFSIGNALED(status) && (WTERMSIG(status) == SIGINT || WTERMSIG(status) == SIGTERM)) {
-    std::raise(WTERMSIG(status));
-    std::_Exit(128 + WTERMSIG(status));  // our caller has us ignore it
-  }
-  return status;
-}
-
 // Signals that wait to be taken, for its lifetime.
 class Blocked {
  public:
@@ -69,6 +60,19 @@ pid_t start_shell(std::string command, const sigset_t* signals) {
 
 }  // namespace
 
+int end_with_child(int status) {
+  if (status != -1 && WIFSIGNALED(status) && (WTERMSIG(status) == SIGINT || WTERMSIG(status) == SIGTERM)) {
+    std::raise(WTERMSIG(status));
+    std::_Exit(128 + WTERMSIG(status));  // our caller has us ignore it
+  }
+  return status;
+}
+
+int exit_status(int status) {
+  if (status == -1) return -1;
+  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
 int run_in_shell(const char* command, const std::function<void(int seconds)>& each_second) {
   std::fflush(nullptr);
   const Blocked ended(SIGCHLD);
@@ -92,11 +96,6 @@ using namespace kovadm;
 // The declarations are the C library's, and so are their parameter names.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
-
-int pclose(FILE* pipe) {
-  REAL(pclose);
-  return end_with_child(real(pipe));
-}
 
 // The event loop of the platform's bus library would have these for itself. kovadm's own calls of signal() do not come
 // through here.

@@ -3,6 +3,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform.hpp"
+
 namespace kovadm {
 namespace {
 
@@ -13,7 +15,7 @@ constexpr char kOnce[] = "/tmp/tr069/cmd_record_once";
 
 std::string read_file(const char* path) {
   std::ostringstream text;
-  text << std::ifstream(path).rdbuf();
+  text << std::ifstream(platform().place(path)).rdbuf();
   return text.str();
 }
 
@@ -24,7 +26,7 @@ void add_lines(const std::string& text, std::vector<std::string>& lines) {
 
 fs::file_time_type written(const char* path) {
   std::error_code missing;
-  return fs::last_write_time(path, missing);
+  return fs::last_write_time(platform().place(path), missing);
 }
 
 }  // namespace

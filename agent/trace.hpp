@@ -1,8 +1,11 @@
-// Observes what the plug-in does during a call. The loading process comes first when the plug-in's symbols are
-// resolved: kovadm defines the services that handlers work through (popen, system, fopen, vsyslog, uci_load, ...),
-// notes what the plug-in asks of them, and does it.
+// Observes what the plug-in asks of the platform during a call.
 #pragma once
 
+extern "C" {
+#include <libubus.h>
+#include <uci.h>
+}
+#include <cstdarg>
 #include <functional>
 #include <optional>
 #include <string>
@@ -16,18 +19,45 @@ struct LookUp {
   std::optional<std::string> value;  // nothing when it was not found
 };
 
+struct FileUse {
+  std::string path;
+  std::string finding;  // "exists", "cannot be opened", ...; may be empty
+};
+
 struct Trace {
   std::vector<LookUp> look_ups;
   std::vector<std::string> walked_packages;  // searched section by section instead of by name
   std::vector<std::string> commands;
-  std::vector<std::string> files;      // opened or tested
+  std::vector<FileUse> files;          // opened or tested
   std::vector<std::string> bus_calls;  // object, method, message
   std::vector<std::string> log;        // messages with module and line
   std::string printed;                 // by the commands, beside what the handler read
 };
 
-// Calls `work` with the debug log on, observing the library that `code`, a function of it, belongs to. Calls must not
-// nest.
-Trace trace(const void* code, const std::function<void()>& work);
+// Calls `work` with the debug log on, observing. Calls must not nest.
+Trace trace(const std::function<void()>& work);
+
+// A message of the bus for people: " NAME=VALUE" for each field.
+std::string message_text(blob_attr* message);
+
+// What the plug-in's calls tell while they are observed; otherwise nothing happens. Status 0 is success.
+namespace note {
+
+void command(const char* command);
+void file(const char* path, const char* finding);
+void message(const char* format, va_list arguments);
+
+// A package that was loaded, or (nullptr) was not there; and that it is about to be freed, alone or with its context.
+void load(uci_context* context, const char* name, const uci_package* package);
+void package_end(const uci_package* package);
+void context_end(const uci_context* context);
+
+// A name that was looked up in a list, and what was found there; nullptr for nothing.
+void look_up(const uci_list* list, const char* name, uci_element* found);
+
+void bus_object(const char* object, uint32_t id, int status);
+void bus_call(uint32_t id, const char* method, blob_attr* message, int status);
+
+}  // namespace note
 
 }  // namespace kovadm

@@ -17,10 +17,6 @@ namespace {
 
 using namespace kovadm;
 
-const void* code_of(const Agent& agent, const Parameter& parameter) {
-  return reinterpret_cast<const void*>(agent.plugin().handler(parameter.row->handler));
-}
-
 void run(const char* command) {
   if (std::system(command) != 0) throw std::runtime_error(std::string("failed: ") + command);
 }
@@ -41,9 +37,6 @@ std::vector<std::string> stable(std::vector<std::string> lines) {
   return lines;
 }
 
-// "/tmp/tr069/hosts (does not exist)" without the remark.
-std::string file_name(const std::string& noted) { return noted.substr(0, noted.find(" (")); }
-
 void add(std::vector<std::string>& texts, const std::string& text) {
   if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
 }
@@ -53,7 +46,7 @@ std::vector<std::string> sources_of(const Trace& trace) {
   for (const LookUp& look_up : trace.look_ups) add(sources, code(stable(look_up.path)));
   for (const std::string& package : trace.walked_packages) add(sources, "sections of " + code(package));
   for (const std::string& command : trace.commands) add(sources, "command " + code(stable(command)));
-  for (const std::string& file : trace.files) add(sources, "file " + code(file_name(file)));
+  for (const FileUse& file : trace.files) add(sources, "file " + code(file.path));
   for (const std::string& call : trace.bus_calls) add(sources, "bus " + code(call));
   return sources;
 }
@@ -61,7 +54,7 @@ std::vector<std::string> sources_of(const Trace& trace) {
 Commands set(Agent& agent, const Parameter& parameter, const std::string& value, uint32_t& mask) {
   const TaskRecords records;
   bool accepted = false;
-  const Trace seen = trace(code_of(agent, parameter), [&] { accepted = !agent.set(parameter, value, mask); });
+  const Trace seen = trace([&] { accepted = !agent.set(parameter, value, mask); });
   return {accepted, stable(seen.commands), stable(records.recorded_since())};
 }
 
@@ -134,7 +127,7 @@ void make_results() {
 
 Reading read(Agent& agent, const Parameter& parameter) {
   std::variant<std::string, Fault> answer;
-  const Trace seen = trace(code_of(agent, parameter), [&] { answer = agent.get(parameter); });
+  const Trace seen = trace([&] { answer = agent.get(parameter); });
   const auto* value = std::get_if<std::string>(&answer);
   return {sources_of(seen), seen.commands, value != nullptr ? std::optional(*value) : std::nullopt};
 }

@@ -87,6 +87,13 @@ bool has_size_of_type(const blob_attr* attr) {
 
 }  // namespace
 
+int blobmsg_add_field(blob_buf* buf, int type, const char* name, const void* data, unsigned int len) {
+  char* room = add(buf, static_cast<enum blobmsg_type>(type), name, len);
+  if (room == nullptr) return -1;
+  if (len > 0) memcpy(room, data, len);
+  return 0;
+}
+
 int blobmsg_add_u8(blob_buf* buf, const char* name, uint8_t value) {
   return add_value(buf, BLOBMSG_TYPE_INT8, name, value);
 }

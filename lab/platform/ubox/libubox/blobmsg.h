@@ -24,6 +24,7 @@ struct blobmsg_policy {
   enum blobmsg_type type;
 };
 
+int blobmsg_add_field(struct blob_buf* buf, int type, const char* name, const void* data, unsigned int len);
 int blobmsg_add_u8(struct blob_buf* buf, const char* name, uint8_t value);
 int blobmsg_add_u32(struct blob_buf* buf, const char* name, uint32_t value);
 int blobmsg_add_u64(struct blob_buf* buf, const char* name, uint64_t value);

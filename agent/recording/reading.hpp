@@ -1,0 +1,23 @@
+// Reading all of a device's parameters, for a recording or a comparison.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "agent.hpp"
+#include "output.hpp"
+#include "recording/secrets.hpp"
+
+namespace kovadm {
+
+struct Reading {
+  Parameter parameter;
+  std::optional<std::string> value;  // nothing: a fault
+};
+
+// The parameters below the prefixes, all where there is none; what secret ones have read is noted in `secrets`, if
+// there is such. A prefix that is wrong is a fault of the output's.
+std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output, Secrets* secrets);
+
+}  // namespace kovadm
