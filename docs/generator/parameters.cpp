@@ -1,6 +1,5 @@
 // docs/parameters.md
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <stdexcept>
 
@@ -63,21 +62,25 @@ void write_profiles(std::ostream& out) {
         << access_reason(path) << " |\n";
 }
 
-// A file with a record that has nothing in common with the usual one. Returns its name.
-std::string write_record() {
-  std::string file = "/root/agent.json";
-  std::ofstream(file) << R"({"connection_request_host": "198.51.100.7", "connection_request_port": 8080,
-    "connection_request_path": "/kova", "stun_enabled": 1, "nat_detected": 1, "stun_min_keepalive": 31,
-    "stun_max_keepalive": 61, "stun_server_address": "stun.example.net", "stun_server_port": 3479,
-    "stun_username": "user", "stun_password": "secret", "udp_connection_request_address": "198.51.100.7:49152",
-    "wan_interface": "eth9"})";
-  return file;
-}
+// A record that has nothing in common with the usual one.
+const nlohmann::json kOtherRecord = {{"connection_request_host", "198.51.100.7"},
+                                     {"connection_request_port", 8080},
+                                     {"connection_request_path", "/kova"},
+                                     {"stun_enabled", 1},
+                                     {"nat_detected", 1},
+                                     {"stun_min_keepalive", 31},
+                                     {"stun_max_keepalive", 61},
+                                     {"stun_server_address", "stun.example.net"},
+                                     {"stun_server_port", 3479},
+                                     {"stun_username", "user"},
+                                     {"stun_password", "secret"},
+                                     {"udp_connection_request_address", "198.51.100.7:49152"},
+                                     {"wan_interface", "eth9"}};
 
 // Two agents tell apart what comes from their records and what is fixed.
 struct Agents {
-  Agent usual{"", ""};
-  Agent other{"", write_record()};
+  Agent usual{"", {}};
+  Agent other{"", kOtherRecord};
 };
 
 // A fixed text may be another one for each instance.

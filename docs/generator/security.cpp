@@ -199,7 +199,7 @@ void write_stored_ways(std::ostream& out, const std::vector<std::string>& ways) 
 }  // namespace
 
 void write_security(std::ostream& out) {
-  Agent agent("", "");
+  Agent agent("", {});
   Ways ways;
   std::size_t without = 0;
   for (const Row& row : catalogue()) {
