@@ -8,6 +8,7 @@
 #include <regex>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 #include "support/catalogue.hpp"
 #include "support/device.hpp"
@@ -263,6 +264,12 @@ TEST_F(Kovadm, WalksTheInstancesThatThereAre) {
 
 #define RECORDING "/root/recording.json"
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+
 // Without the parameters that do not stand still.
 std::vector<std::string> steady(const Finished& walk) {
   static const std::regex moving("(UpTime|CurrentLocalTime|Bytes|Packets|CPUUsage|ProcessNumberOf|Memory)[^ ]* = ");
@@ -275,16 +282,22 @@ std::vector<std::string> steady(const Finished& walk) {
 void leave_no_router() { run("rm -rf /etc/config /etc/profile.d /etc/lab /usr/bin/tr069 /var/run/4g /tmp/*"); }
 
 TEST_F(Kovadm, AReplayGivesTheTextsOfTheRouterWhereThereIsNone) {
-  const std::pair<const char*, const char*> modes[] = {
-      {"dhcp", "nr5g-sa"}, {"static", "nr5g-nsa"}, {"pppoe", "lte"}, {"l2tp", "none"}};
-  for (const auto& [protocol, modem] : modes) {
+  // All parameters once, which takes a thousand processes; then those that the modes make a difference for.
+  const std::string wan =
+      " InternetGatewayDevice.Layer3Forwarding. Device.IP.Interface. Device.PPP. Device.Ethernet.Link."
+      " Device.DHCPv4.Client. Device.Cellular.";
+  const std::tuple<const char*, const char*, std::string> modes[] = {{"dhcp", "nr5g-sa", kSanitized ? wan : ""},
+                                                                     {"static", "nr5g-nsa", wan},
+                                                                     {"pppoe", "lte", wan},
+                                                                     {"l2tp", "none", wan}};
+  for (const auto& [protocol, modem, below] : modes) {
     ASSERT_EQ(run("/sbin/lab-reset"), 0);
     configure("network.wan.proto", protocol);
     write_file("/etc/lab/modem", std::string(modem) + "\n");
-    const std::vector<std::string> live = steady(kovadm("walk"));
-    EXPECT_EQ(kovadm("record --with-secrets " RECORDING).status, 0);
+    const std::vector<std::string> live = steady(kovadm("walk" + below));
+    EXPECT_EQ(kovadm("record --with-secrets " RECORDING + below).status, 0);
     leave_no_router();
-    const Finished replay = kovadm("--replay " RECORDING " walk");
+    const Finished replay = kovadm("--replay " RECORDING " walk" + below);
     EXPECT_EQ(replay.status, 0) << replay.error;
     EXPECT_EQ(steady(replay), live) << protocol << " " << modem;
     EXPECT_EQ(run("test -z \"$(ls -d /etc/config /tmp/* 2>/dev/null)\""), 0);
