@@ -100,9 +100,8 @@ extern "C" {
 
 FILE* popen(const char* /*command*/, const char* /*mode*/) {
   if (status == -1) return errno = EMFILE, nullptr;
-  static char nothing[1];
   ++pipes;
-  return printed.empty() ? fmemopen(nothing, 1, "r") : fmemopen(printed.data(), printed.size(), "r");
+  return fmemopen(printed.data(), printed.size(), "r");
 }
 int pclose(FILE* pipe) {
   --pipes;
