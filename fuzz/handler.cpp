@@ -41,7 +41,7 @@ struct World {
     for (const auto& [path, text] : files) paths.push_back(path);
   }
 
-  void put(const std::string& path, const std::string& text) const { std::ofstream(path) << text; }
+  static void put(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
 
   std::map<std::string, std::string> files;
   std::vector<std::string> paths;
@@ -51,7 +51,7 @@ const World world;  // before the fuzzer has threads, which may not mount
 
 std::string spoilt(std::string text, Input& input) {
   const uint32_t kind = input.number(1);
-  const std::string piece = input.text();
+  std::string piece = input.text();
   const size_t place = input.number(2) % (text.size() + 1);
   if (kind % 4 == 0) return piece;                                                 // another text
   if (kind % 4 == 1) return text.substr(0, place);                                 // cut
@@ -64,8 +64,9 @@ struct Question {
   explicit Question(Input& input)
       : row(test::kCatalogue[input.number(2) % std::size(test::kCatalogue)]),
         operation(static_cast<int32_t>(input.number(1) % 3) - 1) {
-    for (int32_t& instance : instances) instance = static_cast<int8_t>(input.number(1));
-    value = input.text().c_str();  // to its first zero
+    for (int32_t& instance : instances) instance = static_cast<int32_t>(input.number(1) << 24) >> 24;  // with its sign
+    value = input.text();
+    value.resize(strlen(value.c_str()));
   }
 
   const test::Row& row;
@@ -100,9 +101,8 @@ extern "C" {
 
 FILE* popen(const char* /*command*/, const char* /*mode*/) {
   if (status == -1) return errno = EMFILE, nullptr;
-  static char nothing[1];
   ++pipes;
-  return printed.empty() ? fmemopen(nothing, 1, "r") : fmemopen(printed.data(), printed.size(), "r");
+  return fmemopen(printed.data(), printed.size(), "r");
 }
 int pclose(FILE* pipe) {
   --pipes;
@@ -116,14 +116,14 @@ int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   status = static_cast<int32_t>(input.number(1) % 3) - 1;
   bus_status = input.number(1) % 4 == 1 ? 7 : 0;
   const std::string& path = world.paths[input.number(1) % world.paths.size()];
-  world.put(path, spoilt(world.files.at(path), input));
+  World::put(path, spoilt(world.files.at(path), input));
   printed = input.text();
   bus_reply = input.text();
   ask(question);
   // A set may have changed any; the mirrors are left to fill up.
   for (const auto& [each, text] : world.files) {
     std::error_code unknown;
-    if (each == path || std::filesystem::file_size(each, unknown) != text.size()) world.put(each, text);
+    if (each == path || std::filesystem::file_size(each, unknown) != text.size()) World::put(each, text);
   }
   return 0;
 }

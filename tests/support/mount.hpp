@@ -3,6 +3,8 @@
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <string>
@@ -10,14 +12,28 @@
 
 namespace kova::test {
 
+// Becomes root of namespaces of its own.
+inline bool enter_namespaces() {
+  bool entered = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+  for (const auto& [map, text] : {std::pair{"setgroups", "deny"}, {"uid_map", "0 0 1"}, {"gid_map", "0 0 1"}})
+    entered = entered && (std::ofstream(std::string("/proc/self/") + map) << text << std::flush);
+  return entered;
+}
+
+// The same, unless it would fail halfway: tried by another process first.
+inline bool may_mount() {
+  const pid_t child = fork();
+  if (child == 0) _exit(enter_namespaces() ? 0 : 1);
+  int status = 1;
+  waitpid(child, &status, 0);
+  return status == 0 && enter_namespaces();
+}
+
 // Puts an empty file system in memory, of so many KiB, in a directory's place. False where the sandbox forbids it.
 inline bool mount_memory(const char* directory, long size) {
-  static const bool may_mount = unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
-  if (!may_mount) return false;
-  for (const auto& [map, text] : {std::pair{"setgroups", "deny"}, {"uid_map", "0 0 1"}, {"gid_map", "0 0 1"}})
-    std::ofstream(std::string("/proc/self/") + map) << text;
+  static const bool allowed = may_mount();
   const std::string options = "mode=755,size=" + std::to_string(size) + "k";
-  return mount("tmpfs", directory, "tmpfs", 0, options.c_str()) == 0;
+  return allowed && mount("tmpfs", directory, "tmpfs", 0, options.c_str()) == 0;
 }
 
 }  // namespace kova::test
