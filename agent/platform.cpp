@@ -85,7 +85,7 @@ int Platform::invoke(ubus_context* bus, uint32_t id, const char* method, blob_at
 
 Platform& platform() { return answering != nullptr ? *answering : machine(); }
 
-PlatformInUse::PlatformInUse(Platform& other) : before_(platform()) { answering = &other; }
+PlatformInUse::PlatformInUse(Platform& now) : before_(platform()) { answering = &now; }
 PlatformInUse::~PlatformInUse() { answering = &before_; }
 
 }  // namespace kovadm

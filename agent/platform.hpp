@@ -46,7 +46,7 @@ Platform& platform();
 // Has another one answer for its lifetime.
 class PlatformInUse {
  public:
-  explicit PlatformInUse(Platform& answering);
+  explicit PlatformInUse(Platform& now);
   ~PlatformInUse();
   PlatformInUse(const PlatformInUse&) = delete;
   PlatformInUse& operator=(const PlatformInUse&) = delete;

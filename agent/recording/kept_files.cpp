@@ -52,7 +52,7 @@ std::map<std::string, std::optional<std::string>> changes(const KeptFiles& befor
     for (const auto& [directory, files] : *kept) {
       for (const auto& [name, ignored] : files) {
         const auto now = find(after, directory, name);
-        if (now != find(before, directory, name)) changed[directory + "/" + name] = now;
+        if (now != find(before, directory, name)) changed[file_in(directory, name)] = now;
       }
     }
   }

@@ -1,4 +1,5 @@
 // The form of messages as JSON; needs no bus.
+#include <algorithm>
 #include <charconv>
 
 #include "recording/bus_message.hpp"
@@ -69,10 +70,9 @@ FieldName field_name(const std::string& member) {
 
 bool is_message(const Json& value) {
   if (!value.is_object()) return false;
-  for (const auto& [member, field] : value.items()) {
-    if (!is_field(member, field)) return false;
-  }
-  return true;
+  const auto& fields = value.items();
+  return std::all_of(fields.begin(), fields.end(),
+                     [](const auto& field) { return is_field(field.key(), field.value()); });
 }
 
 }  // namespace kovadm

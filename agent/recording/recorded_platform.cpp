@@ -145,7 +145,7 @@ void RecordedPlatform::write_files() const {
   for (const char* parent : {"/etc", "/tmp", "/var"}) fs::create_directory(place(parent));
   for (const auto& [directory, files] : recording_.directories) {
     fs::create_directory(place(directory));
-    for (const auto& [name, text] : files) write_file(place(directory + "/" + name), text);
+    for (const auto& [name, text] : files) write_file(place(file_in(directory, name)), text);
   }
 }
 

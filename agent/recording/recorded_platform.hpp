@@ -11,7 +11,7 @@
 
 namespace kovadm {
 
-class RecordedPlatform : public Platform {
+class RecordedPlatform final : public Platform {
  public:
   // What the recording has no answer for: the machine is asked, and its answer added; every question has one answer
   // for the whole of a recording.
@@ -37,7 +37,7 @@ class RecordedPlatform : public Platform {
   ubus_context* connect(const char* path) override;
   void disconnect(ubus_context* bus) override;
   int look_up(ubus_context* bus, const char* object, uint32_t* id) override;
-  int invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* message, ubus_data_handler_t handler,
+  int invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* asked, ubus_data_handler_t handler,
              void* handler_context, int timeout) override;
 
  private:

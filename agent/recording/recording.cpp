@@ -88,8 +88,9 @@ Files files_of(const Json& object, const std::string& directory) {
   need(object.is_object(), directory + " is no directory");
   Files files;
   for (const auto& [name, text] : object.items()) {
-    need(is_in_kept_directory(directory + "/" + name), "\"" + name + "\" is no file's name");
-    files[name] = bytes_of(text, directory + "/" + name);
+    const std::string path = file_in(directory, name);
+    need(is_in_kept_directory(path), "\"" + name + "\" is no file's name");
+    files[name] = bytes_of(text, path);
   }
   return files;
 }
@@ -162,6 +163,11 @@ Json parse(const std::string& text) {
 }
 
 }  // namespace
+
+std::string file_in(const std::string& directory, const std::string& name) {
+  std::string path = directory;
+  return path.append("/").append(name);
+}
 
 bool is_kept_directory(const std::string& path) {
   return std::find(std::begin(kKeptDirectories), std::end(kKeptDirectories), path) != std::end(kKeptDirectories);

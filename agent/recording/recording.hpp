@@ -20,6 +20,8 @@ inline constexpr const char* kKeptDirectories[] = {
 bool is_in_kept_directory(const std::string& path);
 bool is_kept_directory(const std::string& path);
 
+std::string file_in(const std::string& directory, const std::string& name);
+
 using Files = std::map<std::string, std::string>;  // by name or path: what is in it
 
 struct CommandAnswer {

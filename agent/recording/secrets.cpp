@@ -74,7 +74,7 @@ std::string Secrets::without_options(const std::string& package, const std::stri
                                      std::set<std::string>& replaced) {
   return replace_option_values(text, [&](const std::string& option, const std::string& value) {
     if (!is_secret_option(package, option, value)) return std::optional<std::string>();
-    replaced.insert("option " + option + " of " + package);
+    replaced.insert(std::string("option ").append(option).append(" of ").append(package));
     values_.insert(value);
     return std::optional<std::string>(kSecretMark);
   });
@@ -96,7 +96,7 @@ void Secrets::replace_in_reply(Json& value, const std::string& call, std::set<st
   for (const auto& [name, inner] : value.items()) {
     if (inner.is_string() && !inner.get_ref<const std::string&>().empty() && is_secret_name(name)) {
       inner = kSecretMark;
-      replaced.insert("field " + name + " of " + call);
+      replaced.insert(std::string("field ").append(name).append(" of ").append(call));
     } else {
       replace_in_reply(inner, call, replaced);
     }
@@ -115,7 +115,7 @@ std::set<std::string> Secrets::replace_in(Recording& recording) {
   // Twice: values that are found by their names may stand elsewhere, too.
   for (int time = 0; time < 2; ++time) {
     for (auto& [directory, files] : recording.directories) {
-      for (auto& [name, text] : files) text = without_secrets(directory + "/" + name, text, replaced);
+      for (auto& [name, text] : files) text = without_secrets(file_in(directory, name), text, replaced);
     }
     for (auto& [command, answer] : recording.commands) {
       for (auto& [path, text] : answer.changed) {
@@ -136,9 +136,9 @@ std::set<std::string> Secrets::replace_in(Recording& recording) {
     for (Json& reply : answer.replies) replace_in_reply(reply, call, replaced);
   }
   for (const auto& [field, value] : recording.agent.items()) {
-    if (!is_secret_name(field) || value == "") continue;
+    if (!is_secret_name(field) || !value.is_string() || value.get<std::string>().empty()) continue;
     value = kSecretMark;
-    replaced.insert("field " + field + " of the agent's record");
+    replaced.insert(std::string("field ").append(field).append(" of the agent's record"));
   }
   recording.with_secrets = false;
   return replaced;
