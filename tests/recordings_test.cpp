@@ -1,0 +1,136 @@
+// Recordings of a router, replayed and compared.
+#include <regex>
+#include <tuple>
+
+#include "support/kovadm.hpp"
+
+namespace kova::test {
+namespace {
+
+#define RECORDING "/root/recording.json"
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+
+// Without the parameters that do not stand still.
+std::vector<std::string> steady(const Finished& walk) {
+  static const std::regex moving("(UpTime|CurrentLocalTime|Bytes|Packets|CPUUsage|ProcessNumberOf|Memory)[^ ]* = ");
+  std::vector<std::string> lines = walk.lines();
+  std::erase_if(lines, [](const std::string& line) { return std::regex_search(line, moving); });
+  return lines;
+}
+
+// Leaves nothing that a replay could ask instead of its recording.
+void leave_no_router() { run("rm -rf /etc/config /etc/profile.d /etc/lab /usr/bin/tr069 /var/run/4g /tmp/*"); }
+
+TEST_F(Kovadm, AReplayGivesTheTextsOfTheRouterWhereThereIsNone) {
+  // All parameters once, which takes a thousand processes; then those that the modes make a difference for.
+  const std::string wan =
+      " InternetGatewayDevice.Layer3Forwarding. Device.IP.Interface. Device.PPP. Device.Ethernet.Link."
+      " Device.DHCPv4.Client. Device.Cellular.";
+  const std::tuple<const char*, const char*, std::string> modes[] = {{"dhcp", "nr5g-sa", kSanitized ? wan : ""},
+                                                                     {"static", "nr5g-nsa", wan},
+                                                                     {"pppoe", "lte", wan},
+                                                                     {"l2tp", "none", wan}};
+  for (const auto& [protocol, modem, below] : modes) {
+    ASSERT_EQ(run("/sbin/lab-reset"), 0);
+    configure("network.wan.proto", protocol);
+    write_file("/etc/lab/modem", std::string(modem) + "\n");
+    const std::vector<std::string> live = steady(kovadm("walk" + below));
+    EXPECT_EQ(kovadm("record --with-secrets " RECORDING + below).status, 0);
+    leave_no_router();
+    const Finished replay = kovadm("--replay " RECORDING " walk" + below);
+    EXPECT_EQ(replay.status, 0) << replay.error;
+    EXPECT_EQ(steady(replay), live) << protocol << " " << modem;
+    EXPECT_EQ(run("test -z \"$(ls -d /etc/config /tmp/* 2>/dev/null)\""), 0);
+  }
+}
+
+TEST_F(Kovadm, AReplayOfARequestToldWhatTheRouterTells) {
+  const char* const commands[] = {
+      "set --json " SERVER "PeriodicInformInterval=600 Device.UserInterface.RemoteAccess.Enable=1 " LAN
+      "IPRouters=192.168.1.2 Device.Users.User.1.Password=new",
+      "set --json " SERVER "Username=",
+      "explain --json Device.Hosts.Host.1.PhysAddress",
+      "explain --json Device.IP.Interface.1.IPv4Address.1.IPAddress",
+  };
+  EXPECT_EQ(kovadm("record --with-secrets " RECORDING).status, 0);
+  for (const char* command : commands) {
+    ASSERT_EQ(run("/sbin/lab-reset"), 0);
+    const Finished live = kovadm(command);
+    leave_no_router();
+    const Finished replay = kovadm(std::string("--replay " RECORDING " ") + command);
+    EXPECT_EQ(replay.out + replay.error, live.out + live.error);
+    EXPECT_EQ(replay.status, live.status) << command;
+    EXPECT_EQ(run("test -z \"$(ls -d /etc/config /tmp/* 2>/dev/null)\""), 0);
+  }
+}
+
+TEST_F(Kovadm, ARecordingHasNoSecretsUnlessAskedFor) {
+  write_file("/etc/config/extra", R"(config x 'y' # option psk unset
+	option "psk" "two\"lines
+and-a-tail"; option name 'kept  '
+	list wepkey 'it'\''s-hidden'
+	option copy 'correct horse'
+	option empty_password ''
+)");
+  run("mkdir -p /tmp/.uci && echo \"network.wan.password='pending-secret'\" >/tmp/.uci/network");
+  run("echo 'lua verify_pms user_pw recorded-secret' >/tmp/tr069/cmd_record");
+  script_is("/usr/bin/tr069/cwmp-ntp", "echo 'correct horse' >/tmp/tr069/curtimezone");
+  write_file("/root/agent", R"({"stun_password": "stun-secret"})");
+  const Finished record = kovadm("record --agent-state /root/agent " RECORDING);
+  EXPECT_EQ(record.status, 0);
+  for (const char* line : {"replaced: option psk of extra", "replaced: option password of /tmp/.uci/network",
+                           "replaced: field stun_password of the agent's record"})
+    EXPECT_NE(record.out.find(line), std::string::npos) << line;
+  const std::string text = *contents(RECORDING);
+  for (const char* secret :
+       {"cpe-secret", "acs-secret", "admin-secret", "guest-secret", "ppp-secret", "mobile-secret", "ddns-secret",
+        "noip-secret", "correct horse", "and-a-tail", "s-hidden", "pending-secret", "recorded-secret", "stun-secret"})
+    EXPECT_EQ(text.find(secret), std::string::npos) << secret;
+  const json extra = {"config x 'y' # option psk unset", "\toption \"psk\" '(secret)'; option name 'kept  '",
+                      "\tlist wepkey '(secret)'",        "\toption copy '(secret)'",
+                      "\toption empty_password ''",      ""};
+  EXPECT_EQ(json::parse(text)["directories"]["/etc/config"]["extra"], extra);
+}
+
+TEST_F(Kovadm, AFileThatIsNoRecordingIsRefusedInOneLine) {
+  ASSERT_EQ(kovadm("record " RECORDING " Device.IP.").status, 0);
+  const std::string good = *contents(RECORDING);
+  const auto with = [&](const std::string& part, const std::string& other) {
+    return std::regex_replace(good, std::regex(part), other, std::regex_constants::format_first_only);
+  };
+  const std::pair<std::string, const char*> files[] = {
+      {"", "it is no JSON, or cut off"},
+      {good.substr(0, good.size() / 2), "it is no JSON, or cut off"},
+      {std::string("\x7f\x45LF\0\xff", 6), "it is no JSON, or cut off"},
+      {std::string(1000000, '['), "its values are nested too deeply"},
+      {std::string(17 << 20, ' '), "it is larger than 16 MiB"},
+      {"[]", "it is none"},
+      {R"({"format": "kovadm recording"})", "its \"version\" is missing or wrong"},
+      {with("\"version\": 1", "\"version\": 2"), "it is of version 2, this kovadm reads version 1"},
+      {with("\"version\": 1", "\"version\": 1e99"), "its \"version\" is missing or wrong"},
+      {with("\"agent\": ..", "\"agent\": 1"), "its \"agent\" is missing or wrong"},
+      {with("\"/etc/config\"", "\"/etc\""), "directory /etc is none that is recorded"},
+      {with("\"network\"", "\"../passwd\""), "\"../passwd\" is no file's name"},
+      {with("\"status\": 0", "\"status\": 4711"), "has a status out of range"},
+      {with("\"up\": true", "\"up\": null"), "has a reply that is no message"},
+  };
+  for (const auto& [text, fault] : files) {
+    write_file("/root/bad.json", text);
+    const Finished replay = kovadm("--replay /root/bad.json walk");
+    EXPECT_EQ(replay.status, 2) << fault;
+    EXPECT_TRUE(replay.error.starts_with("kovadm: /root/bad.json is no recording that can be read: ")) << replay.error;
+    EXPECT_TRUE(replay.error.ends_with(fault + std::string("\n"))) << replay.error;
+    EXPECT_EQ(std::count(replay.error.begin(), replay.error.end(), '\n'), 1);
+  }
+  EXPECT_EQ(kovadm("--replay /root/none walk").error, "kovadm: cannot read /root/none\n");
+  EXPECT_EQ(kovadm("--replay " RECORDING " set --apply " SERVER "Username=new").status, 2);
+  EXPECT_EQ(kovadm("--json --replay " RECORDING " get Device.DeviceInfo.UpTime").document()["not_recorded"].size(), 1U);
+}
+
+}  // namespace
+}  // namespace kova::test
