@@ -9,11 +9,6 @@
 namespace kovadm {
 namespace {
 
-Platform& machine() {
-  static Platform machine;
-  return machine;
-}
-
 Platform* answering = nullptr;
 
 }  // namespace
@@ -83,6 +78,10 @@ int Platform::invoke(ubus_context* bus, uint32_t id, const char* method, blob_at
   return real(bus, id, method, message, handler, handler_context, timeout, -1);
 }
 
+Platform& machine() {
+  static Platform machine;
+  return machine;
+}
 Platform& platform() { return answering != nullptr ? *answering : machine(); }
 
 PlatformInUse::PlatformInUse(Platform& now) : before_(platform()) { answering = &now; }

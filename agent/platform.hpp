@@ -40,7 +40,8 @@ class Platform {
                      ubus_data_handler_t handler, void* handler_context, int timeout);
 };
 
-// The one that answers now.
+// The machine that kovadm runs on, and the platform that answers now.
+Platform& machine();
 Platform& platform();
 
 // Has another one answer for its lifetime.

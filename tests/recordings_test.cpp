@@ -1,6 +1,5 @@
 // Recordings of a router, replayed and compared.
 #include <regex>
-#include <tuple>
 
 #include "support/kovadm.hpp"
 
@@ -9,10 +8,12 @@ namespace {
 
 #define RECORDING "/root/recording.json"
 
+// All parameters take a thousand processes: too many for the sanitizers, which try those that depend on the modes.
 #ifdef __SANITIZE_ADDRESS__
-constexpr bool kSanitized = true;
+#define BELOW \
+  " InternetGatewayDevice.Layer3Forwarding. Device.IP.Interface. Device.PPP. Device.Ethernet.Link. Device.Cellular."
 #else
-constexpr bool kSanitized = false;
+#define BELOW ""
 #endif
 
 // Without the parameters that do not stand still.
@@ -27,22 +28,17 @@ std::vector<std::string> steady(const Finished& walk) {
 void leave_no_router() { run("rm -rf /etc/config /etc/profile.d /etc/lab /usr/bin/tr069 /var/run/4g /tmp/*"); }
 
 TEST_F(Kovadm, AReplayGivesTheTextsOfTheRouterWhereThereIsNone) {
-  // All parameters once, which takes a thousand processes; then those that the modes make a difference for.
-  const std::string wan =
-      " InternetGatewayDevice.Layer3Forwarding. Device.IP.Interface. Device.PPP. Device.Ethernet.Link."
-      " Device.DHCPv4.Client. Device.Cellular.";
-  const std::tuple<const char*, const char*, std::string> modes[] = {{"dhcp", "nr5g-sa", kSanitized ? wan : ""},
-                                                                     {"static", "nr5g-nsa", wan},
-                                                                     {"pppoe", "lte", wan},
-                                                                     {"l2tp", "none", wan}};
-  for (const auto& [protocol, modem, below] : modes) {
+  const std::pair<const char*, const char*> modes[] = {
+      {"dhcp", "nr5g-sa"}, {"static", "nr5g-nsa"}, {"pppoe", "lte"}, {"l2tp", "none"}};
+  for (const auto& [protocol, modem] : modes) {
     ASSERT_EQ(run("/sbin/lab-reset"), 0);
     configure("network.wan.proto", protocol);
     write_file("/etc/lab/modem", std::string(modem) + "\n");
-    const std::vector<std::string> live = steady(kovadm("walk" + below));
-    EXPECT_EQ(kovadm("record --with-secrets " RECORDING + below).status, 0);
+    const std::vector<std::string> live = steady(kovadm("walk" BELOW));
+    EXPECT_GT(live.size(), 50U);
+    EXPECT_EQ(kovadm("record --with-secrets " RECORDING BELOW).status, 0);
     leave_no_router();
-    const Finished replay = kovadm("--replay " RECORDING " walk" + below);
+    const Finished replay = kovadm("--replay " RECORDING " walk" BELOW);
     EXPECT_EQ(replay.status, 0) << replay.error;
     EXPECT_EQ(steady(replay), live) << protocol << " " << modem;
     EXPECT_EQ(run("test -z \"$(ls -d /etc/config /tmp/* 2>/dev/null)\""), 0);
@@ -70,7 +66,8 @@ TEST_F(Kovadm, AReplayOfARequestToldWhatTheRouterTells) {
 }
 
 TEST_F(Kovadm, ARecordingHasNoSecretsUnlessAskedFor) {
-  write_file("/etc/config/extra", R"(config x 'y' # option psk unset
+  write_file("/etc/config/extra", R"(config x 'y' # option psk old
+# that's all, #option psk 'older'
 	option "psk" "two\"lines
 and-a-tail"; option name 'kept  '
 	list wepkey 'it'\''s-hidden'
@@ -91,9 +88,13 @@ and-a-tail"; option name 'kept  '
        {"cpe-secret", "acs-secret", "admin-secret", "guest-secret", "ppp-secret", "mobile-secret", "ddns-secret",
         "noip-secret", "correct horse", "and-a-tail", "s-hidden", "pending-secret", "recorded-secret", "stun-secret"})
     EXPECT_EQ(text.find(secret), std::string::npos) << secret;
-  const json extra = {"config x 'y' # option psk unset", "\toption \"psk\" '(secret)'; option name 'kept  '",
-                      "\tlist wepkey '(secret)'",        "\toption copy '(secret)'",
-                      "\toption empty_password ''",      ""};
+  const json extra = {"config x 'y' # option psk '(secret)'",
+                      "# that's all, #option psk '(secret)'",
+                      "\toption \"psk\" '(secret)'; option name 'kept  '",
+                      "\tlist wepkey '(secret)'",
+                      "\toption copy '(secret)'",
+                      "\toption empty_password ''",
+                      ""};
   EXPECT_EQ(json::parse(text)["directories"]["/etc/config"]["extra"], extra);
 }
 

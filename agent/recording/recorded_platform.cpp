@@ -60,11 +60,6 @@ FILE* not_there() {
 
 // ---- Asking the machine ----
 
-Platform& machine() {
-  static Platform machine;
-  return machine;
-}
-
 // Has the command run, and notes what that changed.
 template <typename Run>
 CommandAnswer watch(Run run) {

@@ -7,8 +7,8 @@ namespace kovadm {
 namespace {
 
 struct Word {
-  std::size_t start;
-  std::size_t end;
+  std::size_t start = 0;
+  std::size_t end = 0;
   std::string value;  // without quotes
 };
 
@@ -25,10 +25,40 @@ class Replacement {
   bool next_statement() {
     for (; at_ < text_.size(); ++at_) {
       const char character = text_[at_];
-      if (character == '#') at_ = std::min(text_.find('\n', at_), text_.size() - 1);
+      if (character == '#') comment();
       if (character != '#' && std::string_view(" \t\r\n;").find(character) == std::string_view::npos) return true;
     }
     return false;
+  }
+
+  // What is commented out counts, too: behind an option's name all of the line is its value.
+  void comment() {
+    const std::size_t end = std::min(text_.find('\n', at_), text_.size());
+    Word last;
+    while (at_ < end) {
+      const Word word = commented_word(end);
+      if (last.value == "option" || last.value == "list") {
+        replace(word.value, rest_of_comment(end));
+        at_ = end;
+      }
+      last = word;
+    }
+  }
+
+  // Quotes are no part of it, for an apostrophe is not one.
+  Word commented_word(std::size_t end) {
+    const std::size_t start = std::min(text_.find_first_not_of("# \t'\"", at_), end);
+    at_ = std::min(text_.find_first_of(" \t'\"", start), end);
+    return {start, at_, text_.substr(start, at_ - start)};
+  }
+
+  Word rest_of_comment(std::size_t end) {
+    if (at_ < end && text_[at_] != ' ') ++at_;  // the quote behind the name
+    const std::size_t start = std::min(text_.find_first_not_of(" \t", at_), end);
+    const std::string rest = text_.substr(start, end - start);
+    const std::size_t first = rest.find_first_not_of("'\"");
+    if (first == std::string::npos) return {start, end, ""};
+    return {start, end, rest.substr(first, rest.find_last_not_of(" \t'\"") - first + 1)};
   }
 
   // "option NAME VALUE", "list NAME VALUE", or a change, "PACKAGE.SECTION.NAME=VALUE" behind a sign.
@@ -44,7 +74,13 @@ class Replacement {
       at_ = equals + 1;
       replace(text_.substr(dot + 1, equals - dot - 1), word());
     }
-    while (at_ < text_.size() && text_[at_] != '\n' && text_[at_] != ';') word_or_blank();
+    while (at_ < text_.size() && text_[at_] != '\n' && text_[at_] != ';') {
+      if (text_[at_] == '#') {
+        comment();
+      } else {
+        word_or_blank();
+      }
+    }
   }
 
   void replace(const std::string& option, const Word& value) {
