@@ -1,16 +1,37 @@
 #include "catalogue.hpp"
 
+#include <initializer_list>
+
 #include "families.h"
+
+namespace kovadm {
+namespace {
+
+// Plain data, which compiles in no time; a vector's own list would be code.
+struct Entry {
+  const char* handler;
+  Access access;
+  Type type;
+  std::initializer_list<const char*> paths;
+};
 
 #undef KOVA_PARAMETER
 #define KOVA_PARAMETER(handler, access, type, ...) {#handler, Access::access, Type::type, {__VA_ARGS__}},
+constexpr Entry kEntries[] = {
+#include "families.h"
+};
 
-namespace kovadm {
+std::vector<Row> make_rows() {
+  std::vector<Row> rows;
+  for (const Entry& entry : kEntries)
+    rows.push_back({entry.handler, entry.access, entry.type, {entry.paths.begin(), entry.paths.end()}});
+  return rows;
+}
+
+}  // namespace
 
 const std::vector<Row>& catalogue() {
-  static const std::vector<Row> rows = {
-#include "families.h"
-  };
+  static const std::vector<Row> rows = make_rows();
   return rows;
 }
 
