@@ -1,9 +1,12 @@
 // What a shell offers to complete a command line with.
 #pragma once
 
-#include <CLI/App.hpp>
 #include <string>
 #include <vector>
+
+namespace CLI {
+class App;
+}
 
 namespace kovadm {
 
