@@ -12,7 +12,8 @@ fail() {
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 LAB_PACKAGES=(bubblewrap proot busybox-static lua5.1 iproute2)
 TEST_PACKAGES=(libgtest-dev googletest libbenchmark-dev valgrind pkgconf g++-aarch64-linux-gnu qemu-user-static)
-
+# The sanitizers and the fuzzers are clang's.
+SANITIZER_PACKAGES=(clang libclang-rt-14-dev llvm)
 MUSL_PACKAGES=(clang-14 libc++-14-dev lld-14)
 
 # need_packages PACKAGE...: installs those that are missing.

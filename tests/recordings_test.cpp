@@ -13,7 +13,7 @@ namespace {
 // sanitizers.
 constexpr char kByMode[] =
     " InternetGatewayDevice.Layer3Forwarding. Device.IP.Interface. Device.PPP. Device.Ethernet.Link. Device.Cellular.";
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KOVA_SANITIZED
 constexpr const char* kMost = kByMode;
 #else
 constexpr const char* kMost = "";

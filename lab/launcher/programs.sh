@@ -53,6 +53,11 @@ find_programs() {
   if found=$(find_tool valgrind.bin); then
     programs[/usr/bin/valgrind]=$found
   fi
+  # Gives the sanitizers' reports the names of functions.
+  if found=$(find_tool llvm-symbolizer); then
+    programs[/usr/bin/llvm-symbolizer]=$found
+    environment+=(ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer)
+  fi
   applets=$build/lab/applets
   make_applets "$busybox"
 }

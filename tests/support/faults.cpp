@@ -98,7 +98,7 @@ using namespace kova::test;
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
-#ifndef __SANITIZE_ADDRESS__  // which has these for itself, and finds leaks
+#ifndef KOVA_SANITIZED  // which has these for itself, and finds leaks
 MEMORY(malloc, (size_t size), (size), 1)
 MEMORY(calloc, (size_t count, size_t size), (count, size), 1)
 MEMORY(realloc, (void* block_before, size_t size), (block_before, size), block_before == nullptr ? 1 : 0)

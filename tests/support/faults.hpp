@@ -6,7 +6,7 @@
 
 namespace kova::test {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KOVA_SANITIZED
 inline constexpr bool kMemoryFails = false;
 #else
 inline constexpr bool kMemoryFails = true;
