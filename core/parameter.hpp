@@ -138,12 +138,14 @@ static_assert(std::is_array_v<va_list> || sizeof(va_list) > 2 * sizeof(void*), "
 #else
 #define KOVA_BY_PLACE visibility(KOVA_VISIBILITY)
 #endif
+// NOLINTBEGIN(bugprone-macro-parentheses): the name of what is defined
 #define KOVA_HANDLER(handler)                                                                           \
   static_assert(std::is_same_v<decltype(&handler), parameter_handler>);                                 \
   namespace kova::entry {                                                                               \
   __attribute__((KOVA_BY_PLACE)) int32_t handler(int32_t operation, ListPlace arguments) asm(#handler); \
   }                                                                                                     \
   int32_t kova::entry::handler(int32_t operation, ListPlace arguments)
+// NOLINTEND(bugprone-macro-parentheses)
 
 // Defines the exported handler.
 #define PARAMETER(handler, getter, setter)                                                \
