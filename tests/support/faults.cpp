@@ -40,12 +40,12 @@ struct SafeMemory {
 ssize_t read_pipe(void* place, char* buffer, size_t size) {
   static Service service("read of a pipe");
   if (service.strikes()) return errno = EIO, -1;
-  static constexpr char kLine[] = "1\n";
+  static constexpr char kLine[] = {'1', '\n'};
   bool& done = *static_cast<bool*>(place);
-  if (done || size < 2) return 0;
+  if (done || size < sizeof kLine) return 0;
   done = true;
-  memcpy(buffer, kLine, 2);
-  return 2;
+  memcpy(buffer, kLine, sizeof kLine);
+  return sizeof kLine;
 }
 
 int close_pipe(void* place) {
@@ -65,6 +65,9 @@ Held Held::now() {
 }  // namespace kova::test
 
 using namespace kova::test;
+
+// The macros' arguments are names and lists of parameters, and the declarations the C library's and the platform's.
+// NOLINTBEGIN(bugprone-macro-parentheses,bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)
 
 // Defines a service in the real one's place: its n-th call fails with this result and error.
 #define REAL(name) static const auto real = reinterpret_cast<decltype(&(name))>(dlsym(RTLD_NEXT, #name))
@@ -94,8 +97,6 @@ using namespace kova::test;
     return block;                                                             \
   }
 
-// The declarations are the C library's and the platform's, and so are their parameter names.
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 #ifndef KOVA_SANITIZED  // which has these for itself, and finds leaks
@@ -213,4 +214,4 @@ FAILING_BUS(UBUS_STATUS_TIMEOUT, int, ubus_invoke_fd,
              void* context, int timeout, int file),
             (bus, id, method, message, handler, context, timeout, file))
 }
-// NOLINTEND(readability-inconsistent-declaration-parameter-name)
+// NOLINTEND(bugprone-macro-parentheses,bugprone-reserved-identifier,readability-inconsistent-declaration-parameter-name)

@@ -59,7 +59,7 @@ struct Get {
   At at;
   Source source;
   Reply reply;
-  std::string log = "";  // all that the family logs; the core's own messages do not count
+  std::string log = {};  // all that the family logs; the core's own messages do not count
 };
 
 // A handler that reads an option of the main store as it is, and what it replies without it.
@@ -67,7 +67,7 @@ struct OptionGet {
   At at;
   std::string path;
   Reply missing;
-  std::string log = "";
+  std::string log = {};
 };
 
 // All that a set does, in this order: stored options, recorded lines, other files, commands, the family's messages.
