@@ -16,11 +16,11 @@ inside() {
 }
 declare -A checked
 
-# install_copy FILE [PLACE]: a copy of this machine's in the router.
+# install_copy FILE [PLACE]: a copy of this machine's in the router, where bubblewrap leaves an empty file.
 install_copy() {
   local target
   inside "${2:-$1}"
-  [[ ! -f $target || $1 -nt $target ]] || return 0
+  [[ ! -s $target || $1 -nt $target ]] || return 0
   cp -L --remove-destination "$1" "$target"
 }
 
