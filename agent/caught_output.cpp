@@ -31,7 +31,7 @@ CaughtOutput::~CaughtOutput() {
   close(file_);
 }
 
-std::string CaughtOutput::take() {
+std::string CaughtOutput::take() const {
   std::fflush(nullptr);
   std::string text;
   std::array<char, 4096> part = {};

@@ -51,7 +51,11 @@ void tell_look_ups(const std::vector<LookUp>& look_ups, Output& output) {
 
 std::vector<std::string> file_lines(const std::vector<FileUse>& files) {
   std::vector<std::string> lines;
-  for (const auto& [path, finding] : files) lines.push_back(path + (finding.empty() ? "" : " (" + finding + ")"));
+  lines.reserve(files.size());
+  for (const auto& [path, finding] : files) {
+    lines.push_back(path);
+    if (!finding.empty()) lines.back().append(" (").append(finding).append(")");
+  }
   return lines;
 }
 
