@@ -16,7 +16,7 @@ class CaughtOutput {
   CaughtOutput& operator=(const CaughtOutput&) = delete;
 
   // What has been written since the last time.
-  std::string take() const;
+  std::string take();
 
  private:
   std::vector<std::pair<int, int>> kept_;  // a descriptor, and where it led

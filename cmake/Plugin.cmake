@@ -21,7 +21,7 @@ function(kova_add_plugin target)
   target_compile_options(${target} PRIVATE -fno-exceptions -fno-rtti -fno-threadsafe-statics
                                            -fno-asynchronous-unwind-tables -fno-unwind-tables
                                            -U_GLIBCXX_ASSERTIONS -D_GLIBCXX_NO_ASSERTIONS ${ARGN})
-  # All files begin with these. (None of the plug-in's own: GCC would want the module's name to be the same for all.)
+  # Nearly all files take these. (None of the plug-in's own: GCC would want the module's name to be the same for all.)
   target_precompile_headers(${target} PRIVATE <stdio.h> <string.h> <span> <string_view> <uci.h>)
   # The whole library lies within a megabyte: an address takes one instruction instead of two. (LLVM 14 links no such.)
   if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
