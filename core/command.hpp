@@ -35,8 +35,8 @@ int run_shell(const char* command);
 void remove_newline(std::span<char> line);
 
 // The first line of a command's output without its newline, at most line.size() - 1 characters; empty when nothing is
-// printed. 0, or -1 when the command cannot be started.
-int first_line(const char* command, std::span<char> line);
+// printed. False when the command cannot be started.
+bool first_line(const char* command, std::span<char> line);
 
 // The first line of a command's output as util_exec reads it, cut to what fits; empty when nothing is printed.
 template <std::size_t Size>
@@ -46,11 +46,11 @@ Text<Size> printed_line(const char* command) {
   return line;
 }
 
-// Prints a command line and runs it as cwmp_system does; -1, not run, when it would be cut.
+// Prints a command line and runs it. Whether its exit status was 0; false, not run, when it would be cut.
 template <typename... Arguments>
-int run_command(const char* format, Arguments... arguments) {
+bool run_command(const char* format, Arguments... arguments) {
   Text<1024> command;
-  return command.print(format, arguments...) ? cwmp_system(command.c_str()) : -1;
+  return command.print(format, arguments...) && cwmp_system(command.c_str()) == 0;
 }
 
 }  // namespace kova

@@ -244,57 +244,61 @@ WalkedPackage::WalkedPackage(const char* name, Origin origin, LogMessage load_fa
   if (package_ == nullptr) load_failure.print(origin);
 }
 
-int read_option(Section section, const char* option, std::span<char> value) {
+bool read_option(Section section, const char* option, std::span<char> value) {
   const ConfigContext context;
   if (!context) {
     LOG("uci alloc ctx error.\n\n");
-    return kFailure;
+    return false;
   }
   uci_package* package = context.load(section.package);
   if (package == nullptr) {
     LOG("uci load error.\n\n");
-    return kFailure;
+    return false;
   }
   uci_section* found = uci_lookup_section(context.get(), package, section.name);
   if (found == nullptr) {
     LOG("uci lookup error:%s\n\n", section.name);
-    return kFailure;
+    return false;
   }
   const char* text = string_value(uci_lookup_option(context.get(), found, option));
   if (text == nullptr) {
     LOG("uci lookup error:%s\n\n", option);
-    return kFailure;
+    return false;
   }
   copy_text(value, text);
-  return kSuccess;
+  return true;
 }
 
 bool option_is(Section section, const char* option, const char* value) {
   Text<64> stored;
-  return read_option(section, option, stored.span()) == kSuccess && stored == value;
+  return read_option(section, option, stored.span()) && stored == value;
 }
 
-int read_state_option(Section section, const char* option, std::span<char> value) {
+bool read_state_option(Section section, const char* option, std::span<char> value) {
   const ConfigContext context(kStateDirectory);
   if (!context) {
     LOG("uci alloc ctx err.\n\n");
-    return kFailure;
+    return false;
   }
   uci_package* package = context.load(section.package);
   if (package == nullptr) {
     LOG("uci load error.\n\n");
-    return kFailure;
+    return false;
   }
   uci_section* found = uci_lookup_section(context.get(), package, section.name);
   if (found == nullptr) {
     // The name is fixed whatever was looked for: the first table kept this way was that of the access points.
     LOG("uci lookup error:%s\n\n", "ap");
-    return kFailure;
+    return false;
   }
   const char* text = string_value(uci_lookup_option(context.get(), found, option));
-  if (text == nullptr) return kFailure;
+  if (text == nullptr) return false;
   copy_text(value, text);
-  return kSuccess;
+  return true;
+}
+
+bool write_option(Section section, const char* option, const char* value) {
+  return uci_raw_set_value(section.package, section.name, option, value) == 0;
 }
 
 }  // namespace kova
@@ -302,11 +306,11 @@ int read_state_option(Section section, const char* option, std::span<char> value
 using namespace kova;
 
 int32_t uci_raw_extract_value(const char* package, const char* section, const char* option, char* output) {
-  return read_option({package, section}, option, unbounded(output));
+  return read_option({package, section}, option, unbounded(output)) ? kSuccess : kFailure;
 }
 
 int32_t uci_raw_extract_value_By_path(const char* package, const char* section, const char* option, char* output) {
-  return read_state_option({package, section}, option, unbounded(output));
+  return read_state_option({package, section}, option, unbounded(output)) ? kSuccess : kFailure;
 }
 
 int32_t uci_raw_set_value(const char* package, const char* section, const char* option, const char* value) {

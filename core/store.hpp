@@ -15,19 +15,20 @@ namespace kova {
 struct Section {
   const char* package;
   const char* name;
-
-  // Member by member: compilers see constants in it, where in a copied object they see memory.
-  constexpr Section copy() const { return {package, name}; }
 };
 
-// Reads an option of /etc/config into a bounded text, cut to what fits. 0, or -1 (logged) with `value` untouched.
-int read_option(Section section, const char* option, std::span<char> value);
+// Reads an option of /etc/config into a bounded text, cut to what fits. False, logged, with `value` untouched, when it
+// cannot be read.
+bool read_option(Section section, const char* option, std::span<char> value);
 
 // Whether an option of /etc/config can be read and is exactly this value, of at most 62 characters.
 bool option_is(Section section, const char* option, const char* value);
 
 // The same as read_option for the state files below /tmp/tr069.
-int read_state_option(Section section, const char* option, std::span<char> value);
+bool read_state_option(Section section, const char* option, std::span<char> value);
+
+// Writes an option as uci_raw_set_value does. Whether it was written.
+bool write_option(Section section, const char* option, const char* value);
 
 // Owns a libuci context and with it every package loaded there.
 class ConfigContext {
@@ -80,6 +81,12 @@ class SectionsOfType {
   SectionsOfType(const uci_package* package, const char* type) : head_(&package->sections), type_(type) {}
   Iterator begin() const { return {head_->next, head_, type_}; }
   Iterator end() const { return {head_, head_, type_}; }
+
+  int32_t count() const {
+    int32_t count = 0;
+    for ([[maybe_unused]] uci_section* section : *this) ++count;
+    return count;
+  }
 
   // The section that has this number in file order, counted from 1; nullptr when there is none.
   uci_section* nth(int32_t number) const {

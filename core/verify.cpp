@@ -5,20 +5,19 @@
 
 namespace kova {
 
-int VerifyCommand::run() const {
-  if (line_.empty()) return -1;
+bool VerifyCommand::run() const {
+  if (line_.empty()) return false;
   cwmp_system(line_.c_str());
   Text<4> verdict;
-  if (read_state_option({"check", "result"}, "set_result", verdict.span()) != 0) return -1;
-  return verdict == "1" ? 0 : -1;
+  return read_state_option({"check", "result"}, "set_result", verdict.span()) && verdict == "1";
 }
 
-int VerifyCommand::run_unjudged() const {
-  if (line_.empty()) return -1;
+bool VerifyCommand::run_unjudged() const {
+  if (line_.empty()) return false;
   [[maybe_unused]] const int status = run_shell(line_.c_str());
-  return 0;
+  return true;
 }
 
-int VerifyCommand::record() const { return line_.empty() ? -1 : record_task_cmd(line_.c_str()); }
+bool VerifyCommand::record() const { return !line_.empty() && record_task_cmd(line_.c_str()) == 0; }
 
 }  // namespace kova

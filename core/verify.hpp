@@ -21,14 +21,14 @@ class VerifyCommand {
     if (!line_.print(form, "lua /usr/bin/tr069/verify_pms", key, values...)) line_ = "";
   }
 
-  // Runs it now. SUCCESS when its verdict, left in the state file "check", is exactly "1".
-  int run() const;
+  // Runs it now. Whether its verdict, left in the state file "check", is exactly "1".
+  bool run() const;
 
-  // Runs it now; SUCCESS whatever comes of it.
-  int run_unjudged() const;
+  // Runs it now, whatever comes of it. Whether it was run.
+  bool run_unjudged() const;
 
-  // Has the agent run it after the set request. SUCCESS when recorded.
-  int record() const;
+  // Has the agent run it after the set request. Whether it was recorded.
+  bool record() const;
 
  private:
   Text<1024> line_;
