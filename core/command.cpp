@@ -33,12 +33,26 @@ class ExitStatuses {
   struct sigaction before_ = {};
 };
 
-}  // namespace
-
+// Runs a command as system() does, and has its exit status even where the agent ignores how its children end.
 int run_shell(const char* command) {
+  const StandardDescriptors standard;
   const ExitStatuses statuses;
   return system(command);
 }
+
+}  // namespace
+
+bool CommandLine::run() const { return *this && cwmp_system(c_str()) == 0; }
+
+int CommandLine::run_for_status() const { return *this ? run_shell(c_str()) : -1; }
+
+bool CommandLine::run_unjudged() const {
+  if (!*this) return false;
+  run_for_status();
+  return true;
+}
+
+bool CommandLine::record() const { return *this && record_task_cmd(c_str()) == 0; }
 
 void remove_newline(std::span<char> line) {
   const size_t length = strlen(line.data());

@@ -18,9 +18,7 @@ bool reply_diagnostics_state(Call& call, const char* file) {
 
 bool request_diagnostics(Call& call, const char* file, uint32_t bit) {
   if (!call.value_is("Requested")) return false;
-  File state(file, "w");
-  if (!state || !state.write_and_close(call.value())) return call.refuse("FTSDS.\n");
-  return call.mark(bit);
+  return replace_file(file, call.value()) == Left::DONE ? call.mark(bit) : call.refuse("FTSDS.\n");
 }
 
 }  // namespace kova

@@ -48,7 +48,8 @@ inline bool number_between(const char* text, int32_t lowest, int32_t highest) {
 template <std::size_t Size>
 class Text {
  public:
-  static constexpr std::size_t capacity() { return Size; }  // with the terminator
+  // With the terminator, as the exported helpers take it.
+  static constexpr int32_t capacity() { return Size; }
 
   Text() = default;
   explicit Text(std::string_view text) { *this = text; }
@@ -71,7 +72,6 @@ class Text {
   std::string_view view() const { return buffer_; }
   bool empty() const { return buffer_[0] == '\0'; }
   char* data() { return buffer_; }
-  int32_t size() const { return Size; }  // the capacity as the exported helpers take it
   std::span<char> span() { return buffer_; }
 
   bool operator==(std::string_view other) const { return view() == other; }

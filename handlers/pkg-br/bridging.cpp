@@ -11,7 +11,7 @@ namespace {
 using namespace kova;
 
 bool number_of_bridges(Call& call) {
-  const Text<100> number = printed_line<100>("ifconfig | grep 'br-' | wc -l");
+  const Text<100> number = logged_first_line<100>("ifconfig | grep 'br-' | wc -l");
   return number.empty() ? false : call.reply(number.c_str());
 }
 
@@ -26,7 +26,7 @@ using Members = Text<1024>;  // names of devices, joined with ","
 Device bridge_of(const Call& call) {
   Text<64> command;
   command.print("ifconfig | grep 'br-' | sed -n '%dp' | awk '{print$1}'", call.instance(kBridge));
-  return printed_line<Device::capacity()>(command.c_str());
+  return logged_first_line<Device::capacity()>(command.c_str());
 }
 
 Members members_of(const Device& bridge) {
@@ -74,7 +74,7 @@ bool reply_name(Call& call, const char* port) { return call.reply(port); }
 bool reply_status(Call& call, const char* port) {
   Text<Members::capacity() + 64> command;
   command.print(kUpCommand, port);
-  return call.reply(is_up(printed_line<100>(command.c_str()).c_str()) ? "Up" : "Down");
+  return call.reply(is_up(logged_first_line<100>(command.c_str()).c_str()) ? "Up" : "Down");
 }
 
 // The number of the Wi-Fi network that has this interface; -1 when none has.

@@ -73,7 +73,7 @@ bool port_service(Call& call) {
   const long long port = call.instance(kPort);
   Text<512> command;
   command.print("cat /tmp/laninfo |  awk '{print $%lld}'", 2 * port);
-  const Text<100> service = printed_line<100>(command.c_str());
+  const Text<100> service = logged_first_line<100>(command.c_str());
   if (service.empty()) LOG("GILTF %lld.\n", port + 1);
   return reply_or(call, is_text(service.c_str(), "inet") ? "Internet" : service.c_str(), "UNKOWN");
 }

@@ -18,8 +18,7 @@ bool enabled(Call& call) {
 
 // Places the value in a command line as it is, and runs that. What the program makes of it does not count.
 bool run_with_value(Call& call, const char* form, LogMessage failure) {
-  Text<4096> command;
-  if (!command.print(form, call.value()) || run_shell(command.c_str()) == -1) return call.refuse(failure);
+  if (CommandLine(form, call.value()).run_for_status() == -1) return call.refuse(failure);
   return call.mark(APPLY_QOS);
 }
 

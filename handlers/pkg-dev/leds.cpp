@@ -12,7 +12,7 @@ constexpr Section board{"system", "board"};
 
 using Line = Text<128>;
 
-Line line_of(const char* command) { return printed_line<Line::capacity()>(command); }
+Line line_of(const char* command) { return logged_first_line<Line::capacity()>(command); }
 
 bool leds_enabled(Call& call) {
   Text<8> switchable;

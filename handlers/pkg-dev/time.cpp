@@ -14,12 +14,12 @@ using namespace kova;
 
 constexpr Section ntp{"system", "ntp"};
 
-bool reply_line(Call& call, const char* command) { return call.reply(printed_line<256>(command).c_str()); }
+bool reply_line(Call& call, const char* command) { return call.reply(logged_first_line<256>(command).c_str()); }
 
 bool local_time(Call& call) { return reply_line(call, "date '+%F %X'"); }
 
 bool set_enable(Call& call) {
-  run_command("/usr/bin/tr069/cwmp-ntp enable %s", call.value());
+  CommandLine("/usr/bin/tr069/cwmp-ntp enable %s", call.value()).run();
   return true;
 }
 
@@ -30,7 +30,7 @@ bool time_zone(Call& call) {
   return reply_line(call, "cat /tmp/tr069/curtimezone");
 }
 
-bool set_time_zone(Call& call) { return run_command("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()); }
+bool set_time_zone(Call& call) { return CommandLine("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()).run(); }
 
 // Every zone is followed by ", ", the last one too.
 bool time_zones(Call& call) {
@@ -89,9 +89,9 @@ constexpr auto ntp_server(int position) {
 
 bool change_ntp_server(const Call& call, int position) {
   if (call.value_is("")) {
-    run_command("/usr/bin/tr069/cwmp-ntp ntpserver %d", position);
+    CommandLine("/usr/bin/tr069/cwmp-ntp ntpserver %d", position).run();
   } else {
-    run_command("/usr/bin/tr069/cwmp-ntp ntpserver %d %s", position, call.value());
+    CommandLine("/usr/bin/tr069/cwmp-ntp ntpserver %d %s", position, call.value()).run();
   }
   return true;
 }

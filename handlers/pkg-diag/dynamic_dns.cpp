@@ -51,7 +51,7 @@ constexpr auto activate(Section provider, uint32_t bits) {
 }
 
 constexpr auto state(const char* command) {
-  return [=](Call& call) { return call.reply(printed_line<100>(command).c_str()); };
+  return [=](Call& call) { return call.reply(logged_first_line<100>(command).c_str()); };
 }
 
 }  // namespace

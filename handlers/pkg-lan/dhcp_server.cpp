@@ -84,7 +84,7 @@ bool set_lease_time(Call& call) {
 using Server = Text<32>;
 
 // The DNS option that the DHCP daemon hands out, from its generated configuration.
-Server offered_server(const char* command) { return printed_line<Server::capacity()>(command); }
+Server offered_server(const char* command) { return logged_first_line<Server::capacity()>(command); }
 
 // A space between the two, and an unset address in place of a repeated one.
 bool dns_servers(Call& call) {

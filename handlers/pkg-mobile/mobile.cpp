@@ -7,7 +7,7 @@ namespace kova {
 
 bool has_Cellular_iface() { return !interface_status<100>(kMobile, INTERFACE_UP).empty(); }
 
-Answer answer_of(const char* command) { return printed_line<Answer::capacity()>(command); }
+Answer answer_of(const char* command) { return logged_first_line<Answer::capacity()>(command); }
 
 bool reply_answer(Call& call, const char* command, LogMessage nothing) {
   const Answer answer = answer_of(command);

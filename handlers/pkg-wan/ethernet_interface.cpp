@@ -24,7 +24,7 @@ Output ask(const char* form, const NetworkInterface& interface) {
   const Device device = device_of(interface);
   Command command;
   if (device.empty() || !command.print(form, device.c_str())) return {};
-  return printed_line<Output::capacity()>(command.c_str());
+  return logged_first_line<Output::capacity()>(command.c_str());
 }
 
 bool status(Call& call) {

@@ -13,7 +13,7 @@ using namespace kova;
 
 // All bridges of the router, of which there is always one.
 bool bridges(Call& call) {
-  const int count = leading_number(printed_line<128>("ifconfig | grep 'br-' | wc -l").c_str());
+  const int count = leading_number(logged_first_line<128>("ifconfig | grep 'br-' | wc -l").c_str());
   call.reply("Device.Bridging.Bridge.1");
   char* end = call.output() + strlen(call.output());
   for (int number = 2; number <= count; ++number) end += sprintf(end, ",Device.Bridging.Bridge.%d", number);

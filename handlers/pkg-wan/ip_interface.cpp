@@ -41,7 +41,7 @@ using IgmpOutput = Text<128>;
 
 bool igmp_proxy(Call& call) {
   IgmpOutput enable;
-  if (util_exec("uci get igmpproxy.@igmpproxy[0].enable", enable.data(), enable.size()) < 0) return call.reply("1");
+  if (util_exec("uci get igmpproxy.@igmpproxy[0].enable", enable.data(), enable.capacity()) < 0) return call.reply("1");
   return call.reply(enable == "0" ? "0" : "");
 }
 
@@ -51,7 +51,7 @@ bool set_igmp_proxy(Call& call) {
   if (call.value_is("0")) command = "uci set igmpproxy.@igmpproxy[0].enable='0'";
   if (call.value_is("1")) command = "uci set igmpproxy.@igmpproxy[0].enable=''";
   if (command == nullptr) return false;
-  printed_line<IgmpOutput::capacity()>(command);
+  run_logged(command);
   return call.mark(APPLY_IGMP_PROXY);
 }
 

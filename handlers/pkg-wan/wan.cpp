@@ -24,10 +24,7 @@ const char* address_value(const Call& call) { return is_address(call) ? call.val
 
 bool write_at_once(const char* form, const uci_section* row, const char* option, const char* value) {
   if (row == nullptr) return true;
-  Text<1024> command;
-  if (!command.print(form, row->e.name, option, value)) return false;
-  [[maybe_unused]] const int status = run_shell(command.c_str());
-  return true;
+  return CommandLine(form, row->e.name, option, value).run_unjudged();
 }
 
 }  // namespace kova

@@ -68,7 +68,7 @@ bool reply_counter(Call& call, const Network& network, interface_counter counter
   Interface interface;
   if (!read_interface(network, interface)) return false;
   Text<128> count;
-  get_TotalBytesAndPackets_by_name(interface.c_str(), counter, count.data(), count.size());
+  get_TotalBytesAndPackets_by_name(interface.c_str(), counter, count.data(), count.capacity());
   return reply_or(call, count.c_str(), "0");
 }
 

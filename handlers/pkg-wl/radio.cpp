@@ -58,7 +58,7 @@ bool current_width(Call& call, const Radio& radio) {
   Text<256> command;
   command.print(kQuery, radio.main_network);
   Text<100> stored;
-  if (util_exec(command.c_str(), stored.data(), stored.size()) < 0) return call.refuse("GCOCBE.\n");
+  if (util_exec(command.c_str(), stored.data(), stored.capacity()) < 0) return call.refuse("GCOCBE.\n");
   const char* width = text_for(kWidths, stored.view());
   return call.reply(width != nullptr ? width : "");
 }
