@@ -57,8 +57,7 @@ void DeviceFiles::note(const fs::path& path) {
   permissions_[path] = status.permissions();
 }
 
-void DeviceFiles::restore() const {
-  const DeviceFiles now;
+void DeviceFiles::restore(const DeviceFiles& now) const {
   for (const auto& [path, ignored] : now.texts_) {
     if (!texts_.contains(path)) fs::remove(path);
   }

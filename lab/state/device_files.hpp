@@ -19,7 +19,7 @@ class DeviceFiles {
 
   // Puts every file and directory back as it was; quicker than a reset where little has changed. Throws
   // std::runtime_error or what std::filesystem throws.
-  void restore() const;
+  void restore(const DeviceFiles& now = {}) const;
 
   bool operator==(const DeviceFiles& other) const = default;
 
