@@ -8,6 +8,7 @@ extern "C" {
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
 #include <iterator>
 #include <span>
 
@@ -72,13 +73,11 @@ struct StatusQuery {
 
 // ---- Pieces of a reply ----
 
-// The one field of this name and type in a table; nullptr when it is absent, `parsed` false when the table is
-// malformed.
-blob_attr* inner_field(blob_attr* table, const char* name, enum blobmsg_type type, bool& parsed) {
+// Finds the field of this name and type in a table; nullptr when it is absent. False for a malformed table.
+bool find_field(blob_attr* table, const char* name, enum blobmsg_type type, blob_attr*& field) {
   const blobmsg_policy policy[] = {{.name = name, .type = type}};
-  blob_attr* field = nullptr;
-  parsed = blobmsg_parse(policy, 1, &field, blobmsg_data(table), static_cast<unsigned>(blobmsg_data_len(table))) == 0;
-  return parsed ? field : nullptr;
+  field = nullptr;
+  return blobmsg_parse(policy, 1, &field, blobmsg_data(table), static_cast<unsigned>(blobmsg_data_len(table))) == 0;
 }
 
 // The field of an array's first element, which is a table.
@@ -88,8 +87,8 @@ blob_attr* field_of_first(blob_attr* array, const char* name, enum blobmsg_type 
   size_t rest = 0;
   blobmsg_for_each_attr(element, array, rest) {
     if (blobmsg_type(element) != BLOBMSG_TYPE_TABLE || !blobmsg_check_attr(element, false)) return nullptr;
-    bool parsed = false;
-    return inner_field(element, name, type, parsed);
+    blob_attr* field = nullptr;
+    return find_field(element, name, type, field) ? field : nullptr;
   }
   return nullptr;
 }
@@ -178,9 +177,11 @@ constexpr const char* kStatistics[] = {"tx_bytes", "tx_packets", "tx_errors", "r
 
 void write_statistic(const StatusQuery& query, blob_attr* statistics) {
   if (statistics == nullptr) return;
-  bool parsed = false;
-  blob_attr* counter = inner_field(statistics, kStatistics[query.code - DEVICE_TX_BYTES], BLOBMSG_TYPE_INT64, parsed);
-  if (!parsed) LOG("blob parsed error\n");
+  blob_attr* counter = nullptr;
+  if (!find_field(statistics, kStatistics[query.code - DEVICE_TX_BYTES], BLOBMSG_TYPE_INT64, counter)) {
+    LOG("blob parsed error\n");
+    return;
+  }
   if (counter != nullptr) query.write_number(blobmsg_get_u64(counter));
 }
 
@@ -214,8 +215,9 @@ void on_device_status(ubus_request* request, int /*type*/, blob_attr* reply) {
   parse_reply(request, reply, kDevicePolicy, write_device_field);
 }
 
+// Without room in the output the bus is asked all the same, and nothing is written.
 StatusQuery make_query(uint32_t code, char* output, int32_t length) {
-  return {code, {output, static_cast<size_t>(length)}};
+  return {code, {output, static_cast<size_t>(std::max(length, 0))}};
 }
 
 }  // namespace
@@ -242,7 +244,7 @@ int32_t ubus_call(const char* path, const char* method, blob_attr* message, bus_
 }
 
 int32_t netif_get_interface_status(const char* name, uint32_t query, char* output, int32_t length) {
-  if (name == nullptr || output == nullptr || length <= 0) return -1;
+  if (name == nullptr || output == nullptr) return -1;
   Text<96> path;
   path.print("network.interface.%.63s", name);
   StatusQuery wanted = make_query(query, output, length);
@@ -250,7 +252,7 @@ int32_t netif_get_interface_status(const char* name, uint32_t query, char* outpu
 }
 
 int32_t netif_get_device_status(const char* name, uint32_t query, char* output, int32_t length) {
-  if (name == nullptr || output == nullptr || length <= 0) return -1;
+  if (name == nullptr || output == nullptr) return -1;
   Message message;
   message.add("name", name);
   if (!message) return -1;
