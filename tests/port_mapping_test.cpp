@@ -50,13 +50,17 @@ TEST_F(PortMapping, AreTheRedirectSections) {
     for (const At& at : field.places(2))
       expect_gets(
           {{at, as_is, field.stored}, {at, no_firewall, kGetFailed, "[ERR]uci failed to load config:firewall\n"}});
-    for (const int32_t nowhere : {3, 0, -1}) expect_gets({{At{field.nat, {nowhere}}, as_is, kGetFailed}});
+    for (const int32_t nowhere : {3, -1}) expect_gets({{At{field.nat, {nowhere}}, as_is, kGetFailed}});
+    for (const At& at : field.places(0)) expect_gets({{at, as_is, kGetFailed, "LE\n"}});
   }
 }
 
 TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedLater) {
   for (const Field& field : kFields) {
     const std::string command = runs("uci set firewall.game." + field.option + "=" + field.written + " && uci commit");
+    const std::string quote = field.written.starts_with("'") ? "'" : "";
+    const std::string kept =
+        runs("uci set firewall.game." + field.option + "=" + quote + field.stored + quote + " && uci commit");
     const std::string value = field.option == "proto" ? "tcp udp" : field.value;
     const std::string change = changes("firewall.game." + field.option, value);
     for (const At& at : field.places(2))
@@ -87,7 +91,7 @@ TEST_F(PortMapping, ValuesAreCheckedBeforeAnythingElse) {
     for (const char* value : {"0", "65535", "4294967376"}) expect_sets({{port, value, kRefused, {}, no_firewall}});
   expect_sets({{NAT(Protocol), "tcpudp", kRefused, {}, no_firewall},
                {NAT(InternalClient), "10.0.0.9 ", kRefused, {logs("mal format ip\n")}, no_firewall},
-               {NAT(Description), std::string(5000, 'x'), kRefused}});  // the command would be cut
+               {NAT(Description), std::string(5000, 'x'), kRefused, {logs("SPME.\n")}}});  // the command would be cut
 }
 
 }  // namespace
