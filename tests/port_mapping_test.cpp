@@ -9,6 +9,7 @@ namespace kova::test {
 namespace {
 
 const Source no_firewall = no_file("/etc/config/firewall");
+const Source others_wait = file("/tmp/.uci/firewall", "firewall.game.target='DNAT'\n");
 const std::string kReload = records_once("/usr/bin/tr069/cwmp-nat &");
 
 struct Field {
@@ -66,6 +67,9 @@ TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedLater) {
     for (const At& at : field.places(2))
       expect_sets({{at, field.value, accepted(APPLY_TASK_COMMANDS), {change, kReload, command}},
                    {at, field.value, kRefused, {change, command, logs("SPME.\n")}, no_file("/tmp/tr069")},
+                   {at, field.value, kRefused, {logs("SPME.\n")}, no_room},
+                   {at, field.stored, accepted(APPLY_TASK_COMMANDS), {kReload, kept}, no_room},
+                   {at, field.stored, kRefused, {logs("SPME.\n")}, no_room && others_wait},
                    {at, field.value, kRefused, {logs("[ERR]uci failed to load config:firewall\n")}, no_firewall}});
     for (const int32_t nowhere : {3, 0, -1})  // nothing to write, yet the firewall is reloaded
       expect_sets({{At{field.nat, {nowhere}}, field.value, accepted(APPLY_TASK_COMMANDS), {kReload}}});

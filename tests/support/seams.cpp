@@ -85,6 +85,13 @@ uci_context* uci_alloc_context() {
   return seams().config_context_fails ? nullptr : real();
 }
 
+int statfs(const char* path, struct statfs* status) noexcept {
+  static const auto real = reinterpret_cast<int (*)(const char*, struct statfs*)>(dlsym(RTLD_NEXT, "statfs"));
+  if (!seams().file_system) return real(path, status);
+  *status = *seams().file_system;
+  return 0;
+}
+
 void vsyslog(int priority, const char* format, va_list arguments) {
   if (priority != LOG_INFO) return;
   seams().syslog.push_back(kova::test::formatted(format, arguments));

@@ -2,7 +2,10 @@
 // so its own popen, system, vsyslog, ... come first; they record, and pass on to the real ones unless told otherwise.
 #pragma once
 
+#include <sys/vfs.h>
+
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +26,9 @@ struct Seams {
 
   // uci_alloc_context: out of memory.
   bool config_context_fails = false;
+
+  // statfs: what every file system says of itself, in place of the real answer.
+  std::optional<struct statfs> file_system;
 
   // Makes popen of this very command print `output`. Other commands run as before.
   void answer(const std::string& command, const std::string& output);
