@@ -8,7 +8,6 @@ namespace {
 using namespace kova;
 
 constexpr char kLan[] = "lan";
-
 }  // namespace
 
 // clang-format off
