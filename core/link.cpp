@@ -9,8 +9,9 @@ Text<32> layer3_device(const char* interface) { return interface_status<32>(inte
 
 bool reply_link_counter(Call& call, const char* interface, interface_counter counter) {
   const Text<32> device = layer3_device(interface);
-  Text<128> count;
-  if (!device.empty()) get_TotalBytesAndPackets_by_name(device.c_str(), counter, count.data(), count.capacity());
+  using Count = Text<128>;
+  Count count;
+  if (!device.empty()) get_TotalBytesAndPackets_by_name(device.c_str(), counter, count.data(), Count::capacity());
   return reply_or(call, count.c_str(), "0");
 }
 

@@ -8,6 +8,7 @@ namespace {
 using namespace kova;
 
 constexpr char kLan[] = "lan";
+
 }  // namespace
 
 // clang-format off

@@ -40,11 +40,11 @@ bool status(Call& call) {
 
 // ---- IGMP proxy: the option "0" switches it off; without the option it is on ----
 
-using IgmpOutput = Text<128>;
-
 bool igmp_proxy(Call& call) {
-  IgmpOutput enable;
-  if (util_exec("uci get igmpproxy.@igmpproxy[0].enable", enable.data(), enable.capacity()) < 0) return call.reply("1");
+  using Output = Text<128>;
+  Output enable;
+  if (util_exec("uci get igmpproxy.@igmpproxy[0].enable", enable.data(), Output::capacity()) < 0)
+    return call.reply("1");
   return call.reply(enable == "0" ? "0" : "");
 }
 
