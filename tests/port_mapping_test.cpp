@@ -59,9 +59,9 @@ TEST_F(PortMapping, AreTheRedirectSections) {
 TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedLater) {
   for (const Field& field : kFields) {
     const std::string command = runs("uci set firewall.game." + field.option + "=" + field.written + " && uci commit");
-    const std::string quote = field.written.starts_with("'") ? "'" : "";
-    const std::string kept =
-        runs("uci set firewall.game." + field.option + "=" + quote + field.stored + quote + " && uci commit");
+    const std::string kept_value =
+        field.written.starts_with('\'') ? std::string("'") + field.stored + "'" : field.stored;
+    const std::string kept = runs("uci set firewall.game." + field.option + "=" + kept_value + " && uci commit");
     const std::string value = field.option == "proto" ? "tcp udp" : field.value;
     const std::string change = changes("firewall.game." + field.option, value);
     for (const At& at : field.places(2))
