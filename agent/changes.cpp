@@ -9,7 +9,7 @@ extern "C" {
 #include <set>
 #include <sstream>
 
-#include "platform.hpp"
+#include "seam/platform.hpp"
 #include "task_records.hpp"
 
 namespace kovadm {

@@ -1,6 +1,6 @@
 #include "commands.hpp"
 #include "instances.hpp"
-#include "trace.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 namespace {

@@ -10,8 +10,8 @@
 #include <system_error>
 
 #include "arguments.hpp"
-#include "debug_switch.hpp"
 #include "recording/replay.hpp"
+#include "seam/debug_switch.hpp"
 
 namespace {
 

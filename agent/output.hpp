@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "caught_output.hpp"
 #include "fault.hpp"
+#include "seam/caught_output.hpp"
 
 namespace kovadm {
 

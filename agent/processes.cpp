@@ -13,7 +13,7 @@
 #include <iterator>
 #include <string>
 
-#include "interpose.hpp"
+#include "seam/interpose.hpp"
 
 namespace kovadm {
 namespace {

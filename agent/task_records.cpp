@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform.hpp"
+#include "seam/platform.hpp"
 
 namespace kovadm {
 namespace {

@@ -8,11 +8,11 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "caught_output.hpp"
 #include "processes.hpp"
 #include "recording/bus_message.hpp"
 #include "recording/kept_files.hpp"
-#include "trace.hpp"
+#include "seam/caught_output.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 namespace {

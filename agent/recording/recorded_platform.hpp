@@ -5,9 +5,9 @@
 #include <map>
 #include <string>
 
-#include "platform.hpp"
 #include "recording/recording.hpp"
-#include "recording/work_directory.hpp"
+#include "seam/platform.hpp"
+#include "seam/work_directory.hpp"
 
 namespace kovadm {
 

@@ -9,7 +9,7 @@
 
 #include "data_model.hpp"
 #include "recording/recording.hpp"
-#include "trace.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 

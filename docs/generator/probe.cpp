@@ -7,9 +7,9 @@
 
 #include "apply_mask.hpp"
 #include "changes.hpp"
-#include "device_files.hpp"
+#include "seam/device_files.hpp"
+#include "seam/trace.hpp"
 #include "task_records.hpp"
-#include "trace.hpp"
 #include "value_type.hpp"
 
 namespace kova::documents {

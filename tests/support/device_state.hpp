@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "device_files.hpp"
+#include "seam/device_files.hpp"
 
 namespace kova::test {
 

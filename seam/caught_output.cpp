@@ -1,4 +1,4 @@
-#include "caught_output.hpp"
+#include "seam/caught_output.hpp"
 
 #include <fcntl.h>
 #include <sys/mman.h>

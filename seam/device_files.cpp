@@ -1,4 +1,4 @@
-#include "device_files.hpp"
+#include "seam/device_files.hpp"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "trace.hpp"
+#include "seam/trace.hpp"
 
 extern "C" {
 #include <libubox/blobmsg.h>
@@ -11,9 +11,9 @@ extern "C" {
 #include <cstdio>
 #include <map>
 
-#include "caught_output.hpp"
-#include "debug_switch.hpp"
-#include "platform.hpp"
+#include "seam/caught_output.hpp"
+#include "seam/debug_switch.hpp"
+#include "seam/platform.hpp"
 
 namespace kovadm {
 namespace {

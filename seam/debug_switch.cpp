@@ -1,4 +1,4 @@
-#include "debug_switch.hpp"
+#include "seam/debug_switch.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -6,7 +6,7 @@
 #include <csignal>
 #include <string>
 
-#include "platform.hpp"
+#include "seam/platform.hpp"
 
 namespace kovadm {
 namespace {

@@ -1,4 +1,4 @@
-#include "recording/work_directory.hpp"
+#include "seam/work_directory.hpp"
 
 #include <fcntl.h>
 #include <sys/wait.h>

@@ -1,10 +1,10 @@
-#include "platform.hpp"
+#include "seam/platform.hpp"
 
 #include <syslog.h>
 #include <unistd.h>
 
-#include "interpose.hpp"
 #include "processes.hpp"
+#include "seam/interpose.hpp"
 
 namespace kovadm {
 namespace {

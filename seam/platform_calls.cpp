@@ -5,12 +5,12 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include "debug_switch.hpp"
-#include "interpose.hpp"
-#include "platform.hpp"
 #include "plugin.hpp"
 #include "processes.hpp"
-#include "trace.hpp"
+#include "seam/debug_switch.hpp"
+#include "seam/interpose.hpp"
+#include "seam/platform.hpp"
+#include "seam/trace.hpp"
 
 using namespace kovadm;
 
