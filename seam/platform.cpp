@@ -1,90 +1,76 @@
 #include "seam/platform.hpp"
 
-#include <syslog.h>
-#include <unistd.h>
+#include <dlfcn.h>
+#include <link.h>
 
-#include "processes.hpp"
-#include "seam/interpose.hpp"
-
-namespace kovadm {
+namespace seam {
 namespace {
 
-Platform* answering = nullptr;
+constinit Platform the_machine;
+constinit Platform* for_plugin = &the_machine;
+constinit Platform* for_others = &the_machine;
+
+struct Range {
+  ElfW(Addr) start, end;
+  bool contains(const void* address) const {
+    const auto place = reinterpret_cast<ElfW(Addr)>(address);
+    return start <= place && place < end;
+  }
+};
+constinit Range plugin = {0, 0};
+
+// Of a loaded library, when the address is in it.
+int take_range(dl_phdr_info* library, std::size_t /*size*/, void* address) {
+  Range range = {~ElfW(Addr){0}, 0};
+  for (int i = 0; i < library->dlpi_phnum; ++i) {
+    const ElfW(Phdr)& part = library->dlpi_phdr[i];
+    if (part.p_type != PT_LOAD) continue;
+    const ElfW(Addr) start = library->dlpi_addr + part.p_vaddr;
+    range = {std::min(range.start, start), std::max(range.end, start + part.p_memsz)};
+  }
+  if (!range.contains(address)) return 0;
+  plugin = range;
+  return 1;
+}
+
+Platform& answering(const void* caller) {
+  return for_plugin == for_others || plugin.contains(caller) ? *for_plugin : *for_others;
+}
 
 }  // namespace
 
-// What this process defines of these itself is for the plug-in; a call from here, made last, would even look like one
-// of the plug-in's.
+Platform& machine() { return *for_others; }
+Platform& platform() { return *for_plugin; }
 
-FILE* Platform::open_pipe(const char* command, const char* mode) {
-  REAL(popen);
-  return real(command, mode);
-}
-int Platform::close_pipe(FILE* pipe) {
-  REAL(pclose);
-  return end_with_child(real(pipe));
-}
-int Platform::run(const char* command) { return run_in_shell(command); }
-
-FILE* Platform::open_file(const char* path, const char* mode) {
-  REAL(fopen);
-  return real(path, mode);
-}
-int Platform::test_file(const char* path, int mode) {
-  REAL(access);
-  return real(path, mode);
-}
-void Platform::log(int priority, const char* format, va_list arguments) {
-  REAL(vsyslog);
-  real(priority, format, arguments);
+InUse::InUse(Platform& now, Calls calls) : before_(*for_plugin), before_others_(*for_others) {
+  now.below_ = for_plugin;
+  for_plugin = &now;
+  if (calls == Calls::OF_PROCESS) for_others = &now;
 }
 
-uci_context* Platform::open_store() {
-  REAL(uci_alloc_context);
-  return real();
-}
-void Platform::close_store(uci_context* context) {
-  REAL(uci_free_context);
-  real(context);
-}
-int Platform::set_store_directory(uci_context* context, const char* directory) {
-  REAL(uci_set_confdir);
-  return real(context, directory);
-}
-int Platform::set_change_directory(uci_context* context, const char* directory) {
-  REAL(uci_set_savedir);
-  return real(context, directory);
-}
-int Platform::load(uci_context* context, const char* name, uci_package** package) {
-  REAL(uci_load);
-  return real(context, name, package);
+InUse::~InUse() {
+  for_plugin->below_ = nullptr;
+  for_plugin = &before_;
+  for_others = &before_others_;
 }
 
-ubus_context* Platform::connect(const char* path) {
-  REAL(ubus_connect);
-  return real(path);
-}
-void Platform::disconnect(ubus_context* bus) {
-  REAL(ubus_free);
-  real(bus);
-}
-int Platform::look_up(ubus_context* bus, const char* object, uint32_t* id) {
-  REAL(ubus_lookup_id);
-  return real(bus, object, id);
-}
-int Platform::invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
-                     ubus_data_handler_t handler, void* handler_context, int timeout) {
-  REAL(ubus_invoke_fd);
-  return real(bus, id, method, message, handler, handler_context, timeout, -1);
-}
+void name_plugin(const void* address) { dl_iterate_phdr(take_range, const_cast<void*>(address)); }
 
-Platform& machine() {
-  static Platform machine;
-  return machine;
-}
-Platform& platform() { return answering != nullptr ? *answering : machine(); }
+// The macros' arguments are names and lists of parameters, and the declarations the C library's and the platform's.
+// NOLINTBEGIN(bugprone-macro-parentheses)
+#define KOVA_CALL(type, name, parameters, arguments, ...)                                   \
+  type Platform::name parameters {                                                          \
+    if (below_ != nullptr) return below_->name arguments;                                   \
+    static const auto real = reinterpret_cast<type(*) parameters>(dlsym(RTLD_NEXT, #name)); \
+    return real arguments;                                                                  \
+  }
+#include "seam/functions.h"
 
-PlatformInUse::PlatformInUse(Platform& now) : before_(platform()) { answering = &now; }
-PlatformInUse::~PlatformInUse() { answering = &before_; }
+}  // namespace seam
 
-}  // namespace kovadm
+// Under names of their own for the compiler: it knows better than to let anybody define the C library's.
+#define KOVA_CALL(type, name, parameters, arguments, ...) \
+  extern "C" type seam_##name parameters __asm__(#name);  \
+  type seam_##name parameters { return seam::answering(__builtin_return_address(0)).name arguments; }
+#include "seam/functions.h"
+// NOLINTEND(bugprone-macro-parentheses)

@@ -1,59 +1,69 @@
-// Who answers what the plug-in asks of the platform: its files, commands, configuration and bus.
+// Who answers what the plug-in asks of the world. The process that loads the plug-in comes first when symbols are
+// resolved: a program that links this has all functions of functions.h go to the platforms that are in use.
 #pragma once
 
+#include <fcntl.h>
+#include <regex.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
 extern "C" {
+#include <libubox/blobmsg.h>
 #include <libubus.h>
 #include <uci.h>
 }
-#include <cstdarg>
-#include <cstdio>
-#include <string>
 
-namespace kovadm {
+namespace seam {
 
-// The machine itself: each call is the C library's or the platform library's of a similar name.
+// Passes each call on to the platform below, and the lowest one to the machine. Others replace some of them.
 class Platform {
  public:
+  constexpr Platform() = default;
   virtual ~Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
 
   // Where a file of the router's lies on this machine.
-  virtual std::string place(const std::string& path) const { return path; }
+  virtual std::string place(const std::string& path) const { return below_ != nullptr ? below_->place(path) : path; }
 
-  virtual FILE* open_pipe(const char* command, const char* mode);
-  virtual int close_pipe(FILE* pipe);
-  virtual int run(const char* command);
+#define KOVA_CALL(type, name, parameters, ...) virtual type name parameters;
+#include "seam/functions.h"
 
-  virtual FILE* open_file(const char* path, const char* mode);
-  virtual int test_file(const char* path, int mode);
-  virtual void log(int priority, const char* format, va_list arguments);
-
-  virtual uci_context* open_store();
-  virtual void close_store(uci_context* context);
-  virtual int set_store_directory(uci_context* context, const char* directory);
-  virtual int set_change_directory(uci_context* context, const char* directory);
-  virtual int load(uci_context* context, const char* name, uci_package** package);
-
-  virtual ubus_context* connect(const char* path);
-  virtual void disconnect(ubus_context* bus);
-  virtual int look_up(ubus_context* bus, const char* object, uint32_t* id);
-  virtual int invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
-                     ubus_data_handler_t handler, void* handler_context, int timeout);
+ private:
+  friend class InUse;
+  Platform* below_ = nullptr;
 };
 
-// The machine that kovadm runs on, and the platform that answers now.
+// Who answers others than the plug-in, and who answers the plug-in now.
 Platform& machine();
 Platform& platform();
 
-// Has another one answer for its lifetime.
-class PlatformInUse {
+// Whose calls a platform answers: those of the library that was named as the plug-in's, or those of every library, the
+// platform's among them, and of the program itself.
+enum class Calls { OF_PLUGIN, OF_PROCESS };
+
+// Has a platform answer for its lifetime, on top of those in use.
+class InUse {
  public:
-  explicit PlatformInUse(Platform& now);
-  ~PlatformInUse();
-  PlatformInUse(const PlatformInUse&) = delete;
-  PlatformInUse& operator=(const PlatformInUse&) = delete;
+  explicit InUse(Platform& now, Calls calls = Calls::OF_PLUGIN);
+  ~InUse();
+  InUse(const InUse&) = delete;
+  InUse& operator=(const InUse&) = delete;
 
  private:
   Platform& before_;
+  Platform& before_others_;
 };
 
-}  // namespace kovadm
+// Names the plug-in: the library in which this address lies.
+void name_plugin(const void* address);
+
+}  // namespace seam

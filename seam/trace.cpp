@@ -1,24 +1,16 @@
 #include "seam/trace.hpp"
 
-extern "C" {
-#include <libubox/blobmsg.h>
-#include <libubus.h>
-#include <uci.h>
-}
-#include <unistd.h>
-
-#include <cstdarg>
-#include <cstdio>
 #include <map>
+#include <string_view>
 
 #include "seam/caught_output.hpp"
 #include "seam/debug_switch.hpp"
+#include "seam/paths.hpp"
 #include "seam/platform.hpp"
+#include "seam/snapshot.hpp"
 
-namespace kovadm {
+namespace seam {
 namespace {
-
-constexpr std::string_view kMainStore = "/etc/config/";
 
 // A package that the plug-in has loaded and not yet left.
 struct LoadedPackage {
@@ -27,62 +19,18 @@ struct LoadedPackage {
   bool searched = false;  // for a section's name
 };
 
-struct Recorder {
-  Trace trace;
-  std::map<const uci_package*, LoadedPackage> packages;
-  std::map<uint32_t, std::string> bus_objects;
-};
-
-Recorder* recorder = nullptr;
-
 // ---- Configuration ----
 
 std::string package_name(const uci_package& package) {
   std::string path = package.path != nullptr ? package.path : "";
   const std::string root = platform().place("");
   if (path.starts_with(root)) path.erase(0, root.size());
-  return path.starts_with(kMainStore) || path.empty() ? package.e.name : path;
-}
-
-std::optional<std::string> value_of(uci_element* element) {
-  if (element == nullptr) return std::nullopt;
-  uci_option* option = uci_to_option(element);
-  if (option->type == UCI_TYPE_STRING) return option->v.string;
-  std::string list;
-  uci_element* item = nullptr;
-  uci_foreach_element(&option->v.list, item) list += (list.empty() ? "" : " ") + std::string(item->name);
-  return list;
-}
-
-// Forgets packages that are about to be freed.
-template <typename Which>
-void leave_packages(Which which, Recorder& into) {
-  std::erase_if(into.packages, [&](const auto& entry) {
-    const auto& [package, loaded] = entry;
-    if (!which(package, loaded)) return false;
-    if (!loaded.searched) into.trace.walked_packages.push_back(loaded.name);
-    return true;
-  });
+  return path.starts_with(std::string(kMainStore) + "/") || path.empty() ? package.e.name : path;
 }
 
 // ---- Bus ----
 
 std::string status_text(int status) { return status == 0 ? "" : " (status " + std::to_string(status) + ")"; }
-
-// ---- Log ----
-
-std::string formatted(const char* format, va_list arguments) {
-  va_list copy;
-  va_copy(copy, arguments);
-  const int length = std::vsnprintf(nullptr, 0, format, copy);
-  va_end(copy);
-  std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  va_copy(copy, arguments);
-  std::vsnprintf(text.data(), text.size(), format, copy);
-  va_end(copy);
-  text.pop_back();
-  return text;
-}
 
 // The debug log goes to standard error too.
 std::string without(std::string text, const std::vector<std::string>& messages) {
@@ -93,7 +41,131 @@ std::string without(std::string text, const std::vector<std::string>& messages) 
   return text;
 }
 
+// Notes what the plug-in asks for on its way to the platform below.
+class Observer final : public Platform {
+ public:
+  Trace take() {
+    leave_packages([&](const auto&...) { return true; });
+    return std::move(trace_);
+  }
+
+  FILE* popen(const char* command, const char* mode) override {
+    trace_.commands.emplace_back(command);
+    return Platform::popen(command, mode);
+  }
+  int system(const char* command) override {
+    trace_.commands.emplace_back(command);
+    return Platform::system(command);
+  }
+
+  FILE* fopen(const char* path, const char* mode) override {
+    FILE* file = Platform::fopen(path, mode);
+    trace_.files.push_back({path, file != nullptr ? "" : "cannot be opened"});
+    return file;
+  }
+  int open(const char* path, int flags, mode_t mode) override {
+    const int file = Platform::open(path, flags, mode);
+    trace_.files.push_back({path, file >= 0 ? "" : "cannot be opened"});
+    return file;
+  }
+  int access(const char* path, int mode) override {
+    const int result = Platform::access(path, mode);
+    if (path != std::string_view(kDebugFile)) trace_.files.push_back({path, result == 0 ? "exists" : "does not exist"});
+    return result;
+  }
+  void vsyslog(int priority, const char* format, va_list arguments) override {
+    trace_.log.push_back(formatted(format, arguments));
+    Platform::vsyslog(priority, format, arguments);
+  }
+
+  int uci_load(uci_context* context, const char* name, uci_package** package) override {
+    const int result = Platform::uci_load(context, name, package);
+    if (result != UCI_OK) {
+      trace_.look_ups.push_back({name, std::nullopt});
+    } else {
+      packages_[*package] = {context, package_name(**package)};
+    }
+    return result;
+  }
+  int uci_unload(uci_context* context, uci_package* package) override {
+    leave_packages([&](const uci_package* loaded, const auto&) { return loaded == package; });
+    return Platform::uci_unload(context, package);
+  }
+  void uci_free_context(uci_context* context) override {
+    leave_packages([&](const auto&, const LoadedPackage& loaded) { return loaded.context == context; });
+    Platform::uci_free_context(context);
+  }
+  int uci_lookup_next(uci_context* context, uci_element** element, uci_list* list, const char* name) override {
+    const int result = Platform::uci_lookup_next(context, element, list, name);
+    look_up(list, name, result == UCI_OK ? *element : nullptr);
+    return result;
+  }
+
+  int ubus_lookup_id(ubus_context* bus, const char* object, uint32_t* id) override {
+    const int status = Platform::ubus_lookup_id(bus, object, id);
+    if (status == 0) {
+      bus_objects_[*id] = object;
+    } else {
+      trace_.bus_calls.push_back(object + status_text(status));
+    }
+    return status;
+  }
+  int ubus_invoke_fd(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
+                     ubus_data_handler_t handler, void* context, int timeout, int file) override {
+    const int status = Platform::ubus_invoke_fd(bus, id, method, message, handler, context, timeout, file);
+    trace_.bus_calls.push_back(bus_objects_[id] + " " + method + message_text(message) + status_text(status));
+    return status;
+  }
+
+ private:
+  // Forgets packages that are about to be freed.
+  template <typename Which>
+  void leave_packages(Which which) {
+    std::erase_if(packages_, [&](const auto& entry) {
+      const auto& [package, loaded] = entry;
+      if (!which(package, loaded)) return false;
+      if (!loaded.searched) trace_.walked_packages.push_back(loaded.name);
+      return true;
+    });
+  }
+
+  // A name that was looked up in a list, and what was found there; nullptr for nothing.
+  void look_up(const uci_list* list, const char* name, uci_element* found) {
+    for (auto& [package, loaded] : packages_) {
+      if (list == &package->sections) {
+        loaded.searched = true;
+        if (found == nullptr) trace_.look_ups.push_back({loaded.name + "." + name, std::nullopt});
+        return;
+      }
+      uci_element* element = nullptr;
+      uci_foreach_element(&package->sections, element) {
+        if (list != &uci_to_section(element)->options) continue;
+        trace_.look_ups.push_back({loaded.name + "." + element->name + "." + name,
+                                   found != nullptr ? std::optional(value_of(*uci_to_option(found))) : std::nullopt});
+        return;
+      }
+    }
+  }
+
+  Trace trace_;
+  std::map<const uci_package*, LoadedPackage> packages_;
+  std::map<uint32_t, std::string> bus_objects_;
+};
+
 }  // namespace
+
+Trace trace(const std::function<void()>& work) {
+  const DebugSwitch debug;
+  CaughtOutput output({STDOUT_FILENO, STDERR_FILENO});
+  Observer observer;
+  {
+    const InUse in_use(observer);
+    work();
+  }
+  Trace trace = observer.take();
+  trace.printed = without(output.take(), trace.log);
+  return trace;
+}
 
 std::string message_text(blob_attr* message) {
   std::string text;
@@ -114,82 +186,17 @@ std::string message_text(blob_attr* message) {
   return text;
 }
 
-Trace trace(const std::function<void()>& work) {
-  const DebugSwitch debug;
-  CaughtOutput output({STDOUT_FILENO, STDERR_FILENO});
-  Recorder local;
-  recorder = &local;
-  work();
-  recorder = nullptr;
-  leave_packages([&](const auto&...) { return true; }, local);
-  local.trace.printed = without(output.take(), local.trace.log);
-  return local.trace;
+std::string formatted(const char* format, va_list arguments) {
+  va_list copy;
+  va_copy(copy, arguments);
+  const int length = std::vsnprintf(nullptr, 0, format, copy);
+  va_end(copy);
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  va_copy(copy, arguments);
+  std::vsnprintf(text.data(), text.size(), format, copy);
+  va_end(copy);
+  text.pop_back();
+  return text;
 }
 
-namespace note {
-
-void command(const char* command) {
-  if (recorder != nullptr) recorder->trace.commands.emplace_back(command);
-}
-
-void file(const char* path, const char* finding) {
-  if (recorder != nullptr) recorder->trace.files.push_back({path, finding});
-}
-
-void message(const char* format, va_list arguments) {
-  if (recorder != nullptr) recorder->trace.log.push_back(formatted(format, arguments));
-}
-
-void load(uci_context* context, const char* name, const uci_package* package) {
-  if (recorder == nullptr) return;
-  if (package == nullptr) {
-    recorder->trace.look_ups.push_back({name, std::nullopt});
-  } else {
-    recorder->packages[package] = {context, package_name(*package)};
-  }
-}
-
-void package_end(const uci_package* package) {
-  if (recorder == nullptr) return;
-  leave_packages([&](const uci_package* loaded, const auto&) { return loaded == package; }, *recorder);
-}
-
-void context_end(const uci_context* context) {
-  if (recorder == nullptr) return;
-  leave_packages([&](const auto&, const LoadedPackage& loaded) { return loaded.context == context; }, *recorder);
-}
-
-void look_up(const uci_list* list, const char* name, uci_element* found) {
-  if (recorder == nullptr) return;
-  for (auto& [package, loaded] : recorder->packages) {
-    if (list == &package->sections) {
-      loaded.searched = true;
-      if (found == nullptr) recorder->trace.look_ups.push_back({loaded.name + "." + name, std::nullopt});
-      return;
-    }
-    uci_element* element = nullptr;
-    uci_foreach_element(&package->sections, element) {
-      if (list != &uci_to_section(element)->options) continue;
-      recorder->trace.look_ups.push_back({loaded.name + "." + element->name + "." + name, value_of(found)});
-      return;
-    }
-  }
-}
-
-void bus_object(const char* object, uint32_t id, int status) {
-  if (recorder == nullptr) return;
-  if (status == 0) {
-    recorder->bus_objects[id] = object;
-  } else {
-    recorder->trace.bus_calls.push_back(object + status_text(status));
-  }
-}
-
-void bus_call(uint32_t id, const char* method, blob_attr* message, int status) {
-  if (recorder == nullptr) return;
-  recorder->trace.bus_calls.push_back(recorder->bus_objects[id] + " " + method + message_text(message) +
-                                      status_text(status));
-}
-
-}  // namespace note
-}  // namespace kovadm
+}  // namespace seam
