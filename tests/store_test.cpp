@@ -112,12 +112,12 @@ TEST_F(Store, AFailingMainStoreWriteLeavesTheMirrorUntouched) {
       {"cwmp.info.url", "a\x01z", "uci set err:cwmp.info.url=a\x01z 2\n\n"},
       {"cwmp.info.url", "a\x1fz", "uci set err:cwmp.info.url=a\x1fz 2\n\n"},
       {"cwmp.info.url", nullptr, "invalid uci set arg.\n\n"}};
-  const DeviceState before;
+  const seam::Snapshot before = seam::Snapshot::of_lab();
   for (const auto& [path, value, log] : rows) {
     EXPECT_EQ(write(path, value), -1);
     EXPECT_TRUE(take_log().ends_with(std::string(log) + "FTSUC.\n\n")) << log;
   }
-  EXPECT_EQ(before.effects(), std::vector<std::string>{});
+  EXPECT_EQ(effects_since(before), std::vector<std::string>{});
   EXPECT_NE(run("test -e /tmp/cwmp-config"), 0);
 }
 
