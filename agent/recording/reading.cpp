@@ -14,7 +14,7 @@ std::optional<std::string> read(Agent& agent, const Parameter& parameter) {
 
 std::optional<std::string> read_secret(Agent& agent, const Parameter& parameter, Secrets& secrets) {
   std::optional<std::string> value;
-  const Trace observed = trace([&] { value = read(agent, parameter); });
+  const seam::Trace observed = seam::trace([&] { value = read(agent, parameter); });
   secrets.note(observed, value.value_or(""));
   return value;
 }
@@ -27,7 +27,7 @@ std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& pref
   std::vector<Reading> readings;
   const auto visit = [&](const Parameter& parameter) {
     progress.show(std::to_string(readings.size() + 1) + " " + parameter.path);
-    const bool watched = secrets != nullptr && is_secret(parameter);
+    const bool watched = secrets != nullptr && is_secret(*parameter.row);
     readings.push_back({parameter, watched ? read_secret(agent, parameter, *secrets) : read(agent, parameter)});
   };
   for (const std::string& prefix : prefixes.empty() ? std::vector<std::string>{""} : prefixes) {

@@ -1,9 +1,9 @@
 #include "recording/secrets.hpp"
 
 #include <algorithm>
-#include <regex>
 
 #include "recording/uci_text.hpp"
+#include "seam/paths.hpp"
 
 namespace kovadm {
 namespace {
@@ -13,20 +13,9 @@ using Json = nlohmann::ordered_json;
 // Shorter ones are words that stand for something else, too.
 constexpr std::size_t kTellingLength = 8;
 
-constexpr char kMainStore[] = "/etc/config/";
-
-// What options and fields are called that hold secrets.
-bool is_secret_name(const std::string& name) {
-  static const std::regex names(
-      "passw(or)?d|passphrase|secret|psk|pwd|token|private|credential|"
-      "^(wep|wpa|wpa2|sae|auth)?_?key_?[0-9]*$|^(sim|wps|ap)?_?(pin|puk)_?(code)?[0-9]*$",
-      std::regex::icase);
-  return std::regex_search(name, names);
-}
-
 // "/etc/config/network" is "network", as paths of options have it.
 std::string package_of(const std::string& file) {
-  return file.starts_with(kMainStore) ? file.substr(sizeof kMainStore - 1) : file;
+  return file.starts_with(seam::kMainStore) ? file.substr(sizeof seam::kMainStore) : file;
 }
 
 // "PACKAGE.SECTION.OPTION" as package and option; the package may be a file's path.
@@ -48,14 +37,9 @@ bool replace_all(std::string& text, const std::string& value) {
 
 }  // namespace
 
-bool is_secret(const Parameter& parameter) {
-  static const std::regex names("(Password|Passphrase|PreSharedKey|WEPKey|PIN|PUK|Secret)$");
-  return parameter.row->type == Type::SECRET || std::regex_search(parameter.path, names);
-}
-
-void Secrets::note(const Trace& trace, const std::string& value) {
+void Secrets::note(const seam::Trace& trace, const std::string& value) {
   if (value.empty()) return;
-  for (const LookUp& look_up : trace.look_ups) {
+  for (const seam::LookUp& look_up : trace.look_ups) {
     if (look_up.value == value) options_.insert(package_and_option(look_up.path));
   }
   for (const std::string& command : trace.commands) outputs_[command].insert(value);

@@ -1,19 +1,18 @@
 // Prints what every handler answers and does on a simulated router in factory state, its commands real: the same text
 // on every processor.
-#include <dlfcn.h>
-#include <stdio.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
 #include <set>
 #include <sstream>
 
-#include "device_files.hpp"
+#include "seam/snapshot.hpp"
 #include "support/catalogue.hpp"
 #include "support/handler.hpp"
 #include "support/watched_list.hpp"
@@ -79,30 +78,24 @@ void print_lines(char sign, const std::string& of, const std::string& not_of) {
   for (const std::string& line : more) printf("      %c%s\n", sign, line.c_str());
 }
 
-void print_changes(const lab::DeviceFiles::Texts& before, const lab::DeviceFiles::Texts& after) {
-  for (const auto& [path, text] : before) {
-    if (!after.contains(path)) printf("    removes %s\n", path.c_str());
-  }
-  for (const auto& [path, text] : after) {
-    const auto found = before.find(path);
-    const std::string old_text = found != before.end() ? found->second : "";
-    if (found != before.end() && text == old_text) continue;
-    printf("    writes %s\n", path.c_str());
-    print_lines('-', old_text, text);
-    print_lines('+', text, old_text);
+void print_changes(const seam::Texts& before, const seam::Texts& after) {
+  for (const seam::Difference& change : seam::differences(before, after)) {
+    printf("    %s %s\n", change.after ? "writes" : "removes", change.path.c_str());
+    print_lines('-', change.before.value_or(""), change.after.value_or(""));
+    print_lines('+', change.after.value_or(""), change.before.value_or(""));
   }
 }
 
-void print_set(const Row& row, const char* value, const lab::DeviceFiles& factory) {
+void print_set(const Row& row, const char* value, const seam::Snapshot& factory) {
   const Outcome outcome = set(row.handler, value, kFirstRow);
   while (wait(nullptr) > 0 || errno == EINTR) {  // what runs on in the background
   }
   printf("  set \"%s\": %d, mask 0x%x\n", value, outcome.result, outcome.mask);
-  const lab::DeviceFiles now;
+  const auto now = seam::Snapshot::of_lab();
   if (now == factory) return;
   print_changes(factory.texts(), now.texts());
   print_get(row);
-  factory.restore(now);
+  factory.restore();
 }
 
 void print_refusal(const Row& row) {
@@ -113,7 +106,7 @@ void print_refusal(const Row& row) {
 void print_all() {
   for (const auto& still : kStill) std::ofstream(still.file) << still.text;
   for (const Row& row : kCatalogue) get(row.handler, kFirstRow);  // for the files that scripts make once
-  const lab::DeviceFiles factory;
+  const auto factory = seam::Snapshot::of_lab();
   for (const Row& row : kCatalogue) {
     printf("%s\n", row.name.c_str());
     print_get(row);
@@ -125,24 +118,24 @@ void print_all() {
   }
 }
 
-std::string stilled(const std::string& command) {
-  for (const auto& still : kStill) {
-    if (command.starts_with(still.command))
-      return std::string("cat ") + still.file + " " + command.substr(still.command.size());
+class Still : public seam::Platform {
+ public:
+  FILE* popen(const char* command, const char* mode) override {
+    std::string text = command;
+    for (const auto& still : kStill) {
+      if (text.starts_with(still.command))
+        text.replace(0, still.command.size(), std::string("cat ") + still.file + " ");
+    }
+    return Platform::popen(text.c_str(), mode);
   }
-  return command;
-}
+};
 
 }  // namespace
 }  // namespace kova::test
 
-// Instead of the C library's.
-extern "C" FILE* popen(const char* command, const char* mode) {
-  static const auto real = reinterpret_cast<decltype(&popen)>(dlsym(RTLD_NEXT, "popen"));
-  return real(kova::test::stilled(command).c_str(), mode);
-}
-
 int main() {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
+  kova::test::Still still;
+  const seam::InUse in_use(still, seam::Calls::OF_PROCESS);
   kova::test::print_all();
 }

@@ -1,8 +1,11 @@
-// The platform services that the plug-in works through, observed and replaced. A test program is the loading process,
-// so its own popen, system, vsyslog, ... come first; they record, and pass on to the real ones unless told otherwise.
+// What the plug-in asks the world for, observed and replaced: commands and messages are recorded, and passed on unless
+// a test has told otherwise.
 #pragma once
 
+#include <sys/vfs.h>
+
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +23,9 @@ struct Seams {
   bool popen_fails = false;
   // system: the status to return in place of running the command; nullptr runs it.
   std::function<const int*(const std::string& command)> system_status;
+
+  // statfs: what every file system says of itself.
+  std::optional<struct statfs> file_system;
 
   // uci_alloc_context: out of memory.
   bool config_context_fails = false;
