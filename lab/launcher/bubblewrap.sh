@@ -21,12 +21,12 @@ enter_bubblewrap() {
     --bind "$device" / "${namespaces[@]}" --ro-bind "$device/rom" /rom --ro-bind "$applets" /bin
     --ro-bind /usr/lib /usr/lib --ro-bind-try /usr/lib64 /usr/lib64
     --ro-bind-try /usr/libexec/valgrind /usr/libexec/valgrind
-    --ro-bind "$build" "$build"
+    --ro-bind "$tools" "$tools" --ro-bind "$build" "$build"
   )
   for place in "${!programs[@]}"; do
     view+=(--ro-bind "${programs[$place]}" "$place")
   done
-  [[ ! -x $emulator ]] || view+=(--ro-bind "$emulator" "$emulator" --ro-bind-try "$arm_root" "$arm_root")
+  [[ -z $emulator ]] || view+=(--ro-bind "$emulator" "$emulator" --ro-bind "$foreign_root" "$foreign_root")
   environment+=(KOVA_LAB_NETWORK=own)
   run "$(find_tool bwrap)" "${view[@]}" --chdir / -- /bin/sh /sbin/lab-init "$@"
 }

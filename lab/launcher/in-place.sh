@@ -21,8 +21,8 @@ enter_in_place() {
     env -i "${environment[@]}" "$applets/sh" /sbin/lab-reset
   fi
   [[ /usr/bin/lua -ef ${programs[/usr/bin/lua]} ]] || ln -sf "${programs[/usr/bin/lua]}" /usr/bin/lua
-  for tool in "$build"/lab/bin/{uci,ubus} "$build/kovadm"; do
-    [[ ! -x $tool ]] || ln -sf "$(runnable "$tool")" "/usr/bin/${tool##*/}"
+  for tool in "$tools"/lab/bin/{uci,ubus} "$build/kovadm"; do
+    [[ ! -x $tool ]] || ln -sf "$tool" "/usr/bin/${tool##*/}"
   done
   exec env -i "${environment[@]}" "$applets/sh" /sbin/lab-init "$@"
 }
