@@ -4,6 +4,15 @@
 # A program of the router could delete or overwrite what is bound into it: so but for the build, /proc and, where it
 # cannot be helped, device nodes, the router has copies.
 
+# Fails, and prints why, where proot is not there or not allowed what it needs.
+proot_refusal() {
+  local proot output
+  proot=$(find_tool proot) || { echo "the Debian package proot is missing" && return 1; }
+  output=$("$proot" true 2>&1) && return
+  printf '%s\n' "${output%%$'\n'*}"
+  return 1
+}
+
 # install_copy FILE [PLACE]: a copy of this machine's in the router, where bubblewrap leaves an empty file.
 install_copy() {
   local target
