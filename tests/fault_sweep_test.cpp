@@ -48,11 +48,14 @@ std::string contents_of(const std::string& path) {
   return file ? std::string(std::istreambuf_iterator<char>(file), {}) : kNone;
 }
 
+const std::string kBuild = build_below_tmp();
+
 Files files_now() {
   Files files;
   for (const char* place : {"/etc/config", "/tmp"}) {
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(place)) {
-      if (entry.is_regular_file()) files[entry.path()] = contents_of(entry.path());
+    for (auto entry = std::filesystem::recursive_directory_iterator(place); entry != end(entry); ++entry) {
+      if (entry->path() == kBuild) entry.disable_recursion_pending();
+      if (entry->is_regular_file()) files[entry->path()] = contents_of(entry->path());
     }
   }
   return files;
