@@ -3,8 +3,9 @@
 #include <sys/mman.h>
 
 #include <cerrno>
-#include <cstdarg>
 #include <system_error>
+
+#include "seam/handler.hpp"
 
 namespace kovadm {
 namespace {
@@ -31,18 +32,6 @@ class ValueBuffer {
 
 constexpr std::size_t kPadding = 4;
 
-constexpr int32_t kGet = 0;
-constexpr int32_t kSet = 1;
-
-// Starts the argument list that a handler takes.
-int32_t call(parameter_handler handler, int32_t operation, ...) {
-  va_list arguments;
-  va_start(arguments, operation);
-  const int32_t result = handler(operation, arguments);
-  va_end(arguments);
-  return result;
-}
-
 Fault missing_handler(const Plugin& plugin, const Parameter& parameter) {
   return {FaultCode::INTERNAL_ERROR, parameter.path, plugin.file() + " has no handler " + parameter.row->handler, ""};
 }
@@ -60,7 +49,7 @@ std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   std::vector<int32_t> instances = instance_array(parameter);  // which a handler may rewrite
   ValueBuffer output;
-  if (call(handler, kGet, instances.data(), output.data(), record_.get()) != 0)
+  if (seam::get(handler, instances.data(), output.data(), record_.get()) != 0)
     return Fault{FaultCode::INTERNAL_ERROR, parameter.path, "the handler failed", ""};
   return std::string(output.data());
 }
@@ -69,7 +58,7 @@ std::optional<Fault> Agent::set(const Parameter& parameter, const std::string& v
   parameter_handler handler = plugin_.handler(parameter.row->handler);
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   std::vector<int32_t> instances = instance_array(parameter);  // which a handler may rewrite
-  if (call(handler, kSet, instances.data(), value.c_str(), &mask) == 0) return std::nullopt;
+  if (seam::set(handler, instances.data(), value.c_str(), &mask) == 0) return std::nullopt;
   return Fault{FaultCode::INVALID_PARAMETER_VALUE, parameter.path, "refused \"" + value + '"', ""};
 }
 

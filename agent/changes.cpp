@@ -1,101 +1,73 @@
 #include "changes.hpp"
 
-extern "C" {
-#include <uci.h>
-}
 #include <filesystem>
-#include <fstream>
-#include <memory>
 #include <set>
-#include <sstream>
 
-#include "platform.hpp"
-#include "task_records.hpp"
+#include "seam/paths.hpp"
 
 namespace kovadm {
 namespace {
 
 namespace fs = std::filesystem;
-using Values = std::map<std::string, std::string>;
-
-constexpr char kMainStore[] = "/etc/config";
-// Where a tool leaves changes until they are committed, and a directory that has none.
-constexpr char kPendingChanges[] = "/tmp/.uci";
-constexpr char kNoChanges[] = "/nonexistent";
-
-std::string value_of(const uci_option& option) {
-  if (option.type == UCI_TYPE_STRING) return option.v.string;
-  std::string list;
-  uci_element* item = nullptr;
-  uci_foreach_element(&option.v.list, item) list += (list.empty() ? "" : " ") + std::string(item->name);
-  return list;
-}
-
-void add_package(const uci_package& package, Values& values) {
-  uci_element* element = nullptr;
-  uci_foreach_element(&package.sections, element) {
-    const uci_section& section = *uci_to_section(element);
-    const std::string path = std::string(package.e.name) + "." + section.e.name;
-    values[path] = section.type;
-    uci_element* inner = nullptr;
-    uci_foreach_element(&section.options, inner) values[path + "." + inner->name] = value_of(*uci_to_option(inner));
-  }
-}
-
-std::vector<fs::path> files_in(const std::string& directory) {
-  std::vector<fs::path> files;
-  std::error_code missing;
-  for (const fs::directory_entry& file : fs::directory_iterator(directory, missing)) {
-    if (file.is_regular_file(missing)) files.push_back(file.path());
-  }
-  return files;
-}
-
-Values read_store(const std::string& directory, const std::string& pending_changes) {
-  const std::string place = platform().place(directory);
-  Values values;
-  for (const fs::path& file : files_in(place)) {
-    if (is_task_record(fs::path(directory) / file.filename())) continue;
-    const std::unique_ptr<uci_context, decltype(&uci_free_context)> context(uci_alloc_context(), &uci_free_context);
-    uci_set_confdir(context.get(), place.c_str());
-    uci_set_savedir(context.get(), platform().place(pending_changes).c_str());
-    uci_package* package = nullptr;
-    if (uci_load(context.get(), file.filename().c_str(), &package) == UCI_OK) add_package(*package, values);
-  }
-  return values;
-}
-
-Values read_files(const std::string& directory) {
-  Values values;
-  for (const fs::path& file : files_in(platform().place(directory))) {
-    std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
-    values[fs::path(directory) / file.filename()] = text.str();
-  }
-  return values;
-}
+using seam::Texts;
+using Value = std::optional<std::string>;
 
 struct Store {
   const char* name;
-  Values (*read)();
+  const char* directory;
 };
-constexpr Store kStores[] = {{"store", [] { return read_store(kMainStore, kNoChanges); }},
-                             {"mirror", [] { return read_store("/tmp/cwmp-config", kNoChanges); }},
-                             {"forced mirror", [] { return read_store("/tmp/cwmp-config-force", kNoChanges); }},
-                             {"state", [] { return read_store("/tmp/tr069", kNoChanges); }},
-                             {"file", [] { return read_files("/tmp/diag"); }}};
+constexpr Store kMainStore = {"store", seam::kMainStore};
+constexpr Store kStores[] = {
+    {"mirror", seam::kMirror}, {"forced mirror", seam::kForcedMirror}, {"state", seam::kStateFiles}};
 
-std::optional<std::string> value_at(const Values& values, const std::string& path) {
-  const auto found = values.find(path);
-  return found != values.end() ? std::optional(found->second) : std::nullopt;
+std::string text_of(const Texts& files, const std::string& path) {
+  const auto found = files.find(path);
+  return found != files.end() ? found->second : std::string();
 }
 
-std::set<std::string> paths_of(const Values& some, const Values& others) {
-  std::set<std::string> paths;
-  for (const Values* values : {&some, &others}) {
-    for (const auto& [path, ignored] : *values) paths.insert(path);
+Value value_at(const Texts& options, const std::string& path) {
+  const auto found = options.find(path);
+  return found != options.end() ? std::optional(found->second) : std::nullopt;
+}
+
+// The names of a directory's files that differ in what they say.
+std::set<std::string> changed_in(const char* directory, const Texts& before, const Texts& after) {
+  std::set<std::string> names;
+  for (const auto& [path, was, is] : seam::differences(before, after)) {
+    if (fs::path(path).parent_path() == directory && was.value_or("") != is.value_or(""))
+      names.insert(fs::path(path).filename());
   }
-  return paths;
+  return names;
+}
+
+// A package of the main store, as it is committed and as it is when all is.
+struct Package {
+  Package(const Texts& files, const std::string& name)
+      : stored(options(files, name, "")),
+        with_pending(options(files, name, text_of(files, seam::kPendingChanges + ("/" + name)))) {}
+
+  static Texts options(const Texts& files, const std::string& name, const std::string& changes) {
+    return seam::options_of(name, text_of(files, seam::kMainStore + ("/" + name)), changes);
+  }
+  bool is_pending(const std::string& path) const { return value_at(with_pending, path) != value_at(stored, path); }
+
+  Texts stored;
+  Texts with_pending;
+};
+
+void add_main_store(const std::string& name, const Texts& first, const Texts& before, const Texts& after,
+                    std::vector<Change>& stored, std::vector<Change>& pending) {
+  const Package start(first, name);
+  const Package earlier(before, name);
+  const Package now(after, name);
+  for (const auto& [path, was, is] : seam::differences(earlier.stored, now.stored)) {
+    const bool was_pending = start.is_pending(path) && value_at(start.with_pending, path) == is;
+    stored.push_back({kMainStore.name, path, was, is, was_pending});
+  }
+  for (const auto& [path, was, is] : seam::differences(now.stored, now.with_pending)) {
+    const bool was_so = earlier.is_pending(path) && value_at(earlier.with_pending, path) == is;
+    if (!was_so) pending.push_back({"pending", path, was, is, false});
+  }
 }
 
 // For people, without the far end of a file.
@@ -110,34 +82,25 @@ Json json_or_null(const std::optional<std::string>& value) { return value ? Json
 
 }  // namespace
 
-Snapshot::Snapshot() : with_pending_(read_store(kMainStore, kPendingChanges)) {
-  for (const Store& store : kStores) stores_.push_back(store.read());
-}
-
-bool Snapshot::is_pending(const std::string& path) const {
-  return value_at(with_pending_, path) != value_at(stores_[0], path);
-}
-
-void Snapshot::add_pending(const Snapshot& earlier, std::vector<Change>& changes) const {
-  for (const std::string& path : paths_of(stores_[0], with_pending_)) {
-    const auto value = value_at(with_pending_, path);
-    const bool was_so = earlier.is_pending(path) && value_at(earlier.with_pending_, path) == value;
-    if (is_pending(path) && !was_so) changes.push_back({"pending", path, value_at(stores_[0], path), value, false});
-  }
-}
-
-std::vector<Change> Snapshot::changes_since(const Snapshot& earlier, const Snapshot& start) const {
-  std::vector<Change> changes;
-  for (std::size_t i = 0; i < stores_.size(); ++i) {
-    for (const std::string& path : paths_of(earlier.stores_[i], stores_[i])) {
-      const auto before = value_at(earlier.stores_[i], path);
-      const auto after = value_at(stores_[i], path);
-      const bool was_pending = i == 0 && start.is_pending(path) && value_at(start.with_pending_, path) == after;
-      if (before != after) changes.push_back({kStores[i].name, path, before, after, was_pending});
+std::vector<Change> changes(const Texts& before, const Texts& after, const Texts& start) {
+  std::vector<Change> all;
+  std::vector<Change> pending;
+  std::set<std::string> packages = changed_in(seam::kMainStore, before, after);
+  packages.merge(changed_in(seam::kPendingChanges, before, after));
+  for (const std::string& name : packages) add_main_store(name, start, before, after, all, pending);
+  all.insert(all.end(), pending.begin(), pending.end());
+  for (const auto& [store, directory] : kStores) {
+    for (const std::string& name : changed_in(directory, before, after)) {
+      const std::string path = directory + ("/" + name);
+      for (const auto& [option, was, is] : seam::differences(seam::options_of(name, text_of(before, path)),
+                                                             seam::options_of(name, text_of(after, path))))
+        all.push_back({store, option, was, is, false});
     }
-    if (i == 0) add_pending(earlier, changes);
   }
-  return changes;
+  for (const auto& [path, was, is] : seam::differences(before, after)) {
+    if (fs::path(path).parent_path() == seam::kTestFiles) all.push_back({"file", path, was, is, false});
+  }
+  return all;
 }
 
 Json tell_changes(const std::vector<Change>& changes, Output& output) {

@@ -1,12 +1,12 @@
 // What a set request changed on the device.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "output.hpp"
+#include "seam/snapshot.hpp"
 
 namespace kovadm {
 
@@ -21,25 +21,9 @@ struct Change {
   bool stores() const { return !was_pending && (store == "store" || store == "pending" || store == "file"); }
 };
 
-// All that requests change, at one time.
-class Snapshot {
- public:
-  // Now.
-  Snapshot();
-
-  // From the earlier snapshot to this one, in the order of the stores, then by path. `start` is the one before the
-  // request.
-  std::vector<Change> changes_since(const Snapshot& earlier, const Snapshot& start) const;
-
- private:
-  using Values = std::map<std::string, std::string>;
-
-  bool is_pending(const std::string& path) const;
-  void add_pending(const Snapshot& earlier, std::vector<Change>& changes) const;
-
-  std::vector<Values> stores_;
-  Values with_pending_;  // the main store as it is when all is committed
-};
+// From one time's seam::kept_files() to another's, in the order of the stores, then by path. `start` are those before
+// the request.
+std::vector<Change> changes(const seam::Texts& before, const seam::Texts& after, const seam::Texts& start);
 
 // Tells the changes, and makes their part of the document.
 Json tell_changes(const std::vector<Change>& changes, Output& output);

@@ -1,6 +1,6 @@
 #include "commands.hpp"
 #include "instances.hpp"
-#include "trace.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 namespace {
@@ -38,7 +38,7 @@ void tell_row(const Parameter& parameter, Output& output) {
   document["instances"] = instance_array(parameter);
 }
 
-void tell_look_ups(const std::vector<LookUp>& look_ups, Output& output) {
+void tell_look_ups(const std::vector<seam::LookUp>& look_ups, Output& output) {
   std::vector<std::string> lines;
   Json list = Json::array();
   for (const auto& [path, value] : look_ups) {
@@ -49,7 +49,7 @@ void tell_look_ups(const std::vector<LookUp>& look_ups, Output& output) {
   output.document()["options"] = list;
 }
 
-std::vector<std::string> file_lines(const std::vector<FileUse>& files) {
+std::vector<std::string> file_lines(const std::vector<seam::FileUse>& files) {
   std::vector<std::string> lines;
   lines.reserve(files.size());
   for (const auto& [path, finding] : files) {
@@ -59,7 +59,7 @@ std::vector<std::string> file_lines(const std::vector<FileUse>& files) {
   return lines;
 }
 
-void tell_trace(const Trace& trace, Output& output) {
+void tell_trace(const seam::Trace& trace, Output& output) {
   tell_look_ups(trace.look_ups, output);
   const std::vector<std::string> files = file_lines(trace.files);
   const std::pair<const char*, const std::vector<std::string>&> parts[] = {{"walked", trace.walked_packages},
@@ -85,7 +85,7 @@ int explain(Agent& agent, const std::string& path, Output& output) {
   }
   tell_row(*parameter, output);
   std::variant<std::string, Fault> answer;
-  tell_trace(trace([&] { answer = agent.get(*parameter); }), output);
+  tell_trace(seam::trace([&] { answer = agent.get(*parameter); }), output);
   const auto* value = std::get_if<std::string>(&answer);
   if (value != nullptr) {
     tell("value", {*value}, output);

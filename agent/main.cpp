@@ -10,8 +10,8 @@
 #include <system_error>
 
 #include "arguments.hpp"
-#include "debug_switch.hpp"
 #include "recording/replay.hpp"
+#include "seam/debug_switch.hpp"
 
 namespace {
 
@@ -48,7 +48,7 @@ int run_diff(const Arguments& arguments) {
 }
 
 int run_command(Agent& agent, const Arguments& arguments, Output& output) {
-  std::optional<DebugSwitch> debug;
+  std::optional<seam::DebugSwitch> debug;
   if (arguments.debug) debug.emplace();
   const std::string& command = arguments.command;
   if (command == "get") return get(agent, arguments.paths, output);
@@ -68,7 +68,7 @@ int run_replay(const Arguments& arguments) {
   Output output(arguments.json);
   RecordedPlatform platform(recording, RecordedPlatform::Source::RECORDING,
                             [&](const std::string& what) { output.not_recorded(what); });
-  const PlatformInUse in_use(platform);
+  const seam::InUse in_use(platform);
   return run_command(agent, arguments, output);
 }
 

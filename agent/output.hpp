@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "caught_output.hpp"
 #include "fault.hpp"
+#include "seam/caught_output.hpp"
 
 namespace kovadm {
 
@@ -49,7 +49,7 @@ class Output {
   bool json_;
   bool failed_ = false;
   std::unique_ptr<FILE, Closer> file_;
-  CaughtOutput commands_;
+  seam::CaughtOutput commands_;
   std::string printed_;
   Json document_ = Json::object();
   Json faults_ = Json::array();

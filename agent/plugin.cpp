@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "seam/platform.hpp"
+
 namespace kovadm {
 namespace {
 
@@ -26,13 +28,6 @@ std::string find_plugin() {
   throw SetupError("no plug-in; looked for" + tried);
 }
 
-const void* loaded = nullptr;
-
-const void* library_of(const void* address) {
-  Dl_info info = {};
-  return dladdr(address, &info) != 0 ? info.dli_fbase : nullptr;
-}
-
 }  // namespace
 
 void Plugin::Closer::operator()(void* library) const { dlclose(library); }
@@ -42,10 +37,8 @@ Plugin::Plugin(const std::string& file)
       library_(dlopen(file_.c_str(), RTLD_NOW | RTLD_LOCAL)) {
   if (!library_) throw SetupError(std::string("cannot load the plug-in: ") + dlerror());
   const link_map* map = nullptr;
-  if (dlinfo(library_.get(), RTLD_DI_LINKMAP, &map) == 0) loaded = library_of(map->l_ld);
+  if (dlinfo(library_.get(), RTLD_DI_LINKMAP, &map) == 0) seam::name_plugin(map->l_ld);
 }
-
-bool is_plugin_code(const void* address) { return loaded != nullptr && library_of(address) == loaded; }
 
 parameter_handler Plugin::handler(const std::string& name) const {
   return reinterpret_cast<parameter_handler>(dlsym(library_.get(), name.c_str()));

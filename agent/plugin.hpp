@@ -33,7 +33,4 @@ class Plugin {
   std::unique_ptr<void, Closer> library_;
 };
 
-// Whether the address lies in the plug-in that was loaded last.
-bool is_plugin_code(const void* address);
-
 }  // namespace kovadm

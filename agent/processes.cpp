@@ -13,7 +13,7 @@
 #include <iterator>
 #include <string>
 
-#include "interpose.hpp"
+#include "seam/platform.hpp"
 
 namespace kovadm {
 namespace {
@@ -89,21 +89,25 @@ int run_in_shell(const char* command, const std::function<void(int seconds)>& ea
   }
 }
 
+namespace {
+
+// Answers the plug-in and the platform's libraries alike.
+class Machine final : public seam::Platform {
+ public:
+  int pclose(FILE* pipe) override { return end_with_child(Platform::pclose(pipe)); }
+  int system(const char* command) override { return command == nullptr ? 1 : run_in_shell(command); }
+
+  // The event loop of the platform's bus library would have some for itself. kovadm's own calls of signal() do not
+  // come through here.
+  int sigaction(int signal, const struct sigaction* action, struct sigaction* before) override {
+    static constexpr int kKept[] = {SIGCHLD, SIGINT, SIGPIPE, SIGTERM};
+    const bool kept = std::find(std::begin(kKept), std::end(kKept), signal) != std::end(kKept);
+    return Platform::sigaction(signal, kept ? nullptr : action, before);
+  }
+};
+
+Machine the_machine;
+const seam::InUse from_the_start(the_machine, seam::Calls::OF_PROCESS);
+
+}  // namespace
 }  // namespace kovadm
-
-using namespace kovadm;
-
-// The declarations are the C library's, and so are their parameter names.
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
-extern "C" {
-
-// The event loop of the platform's bus library would have these for itself. kovadm's own calls of signal() do not come
-// through here.
-int sigaction(int signal, const struct sigaction* action, struct sigaction* before) noexcept {
-  static constexpr int kKept[] = {SIGCHLD, SIGINT, SIGPIPE, SIGTERM};
-  REAL(sigaction);
-  const bool kept = std::find(std::begin(kKept), std::end(kKept), signal) != std::end(kKept);
-  return real(signal, kept ? nullptr : action, before);
-}
-}
-// NOLINTEND(readability-inconsistent-declaration-parameter-name)

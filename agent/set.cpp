@@ -22,14 +22,14 @@ struct Call {
 
 // A request under way.
 struct Request {
-  Snapshot start;
+  seam::Texts start = seam::kept_files();
   TaskRecords records;
   uint32_t mask = 0;
   std::vector<Accepted> accepted;
 };
 
-bool stores_anything(const std::vector<Change>& changes) {
-  return std::any_of(changes.begin(), changes.end(), [](const Change& change) { return change.stores(); });
+bool stores_anything(const std::vector<Change>& all) {
+  return std::any_of(all.begin(), all.end(), [](const Change& change) { return change.stores(); });
 }
 
 // The calls of a request that can be made; none, and the faults told, where one of them cannot.
@@ -56,7 +56,7 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
 
 // Makes the calls; those that are refused leave the others as they are.
 void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, Output& output) {
-  Snapshot before = request.start;
+  seam::Texts before = request.start;
   for (const auto& [parameter, value] : calls) {
     uint32_t raised = 0;
     if (const auto fault = agent.set(parameter, value, raised)) {
@@ -64,14 +64,14 @@ void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, 
       continue;
     }
     request.mask |= raised;
-    const Snapshot after;
-    const bool stored = stores_anything(after.changes_since(before, request.start));
+    seam::Texts after = seam::kept_files();
+    const bool stored = stores_anything(changes(before, after, request.start));
     request.accepted.push_back({parameter, value, raised, stored});
-    before = after;
+    before = std::move(after);
   }
 }
 
-void tell_request(const Request& request, const Snapshot& now, Output& output) {
+void tell_request(const Request& request, const seam::Texts& now, Output& output) {
   output.document()["mask"] = request.mask;
   output.document()["bits"] = Json::array();
   for (const ApplyBit& bit : raised_bits(request.mask)) {
@@ -81,15 +81,15 @@ void tell_request(const Request& request, const Snapshot& now, Output& output) {
   const std::vector<std::string> recorded = request.records.recorded_since();
   for (const std::string& command : recorded) output.line("recorded: " + command);
   output.document()["recorded"] = recorded;
-  output.document()["changes"] = tell_changes(now.changes_since(request.start, request.start), output);
+  output.document()["changes"] = tell_changes(changes(request.start, now, request.start), output);
 }
 
 // The agent's part, and what that changed.
-void apply_request(Request& request, const Snapshot& before, Output& output) {
+void apply_request(Request& request, const seam::Texts& before, Output& output) {
   apply(request.mask, output);
-  const std::vector<Change> changes = Snapshot().changes_since(before, request.start);
-  output.document()["applied"] = tell_changes(changes, output);
-  for (Accepted& setting : request.accepted) setting.stored |= setting.raised != 0 && stores_anything(changes);
+  const std::vector<Change> applied = changes(before, seam::kept_files(), request.start);
+  output.document()["applied"] = tell_changes(applied, output);
+  for (Accepted& setting : request.accepted) setting.stored |= setting.raised != 0 && stores_anything(applied);
 }
 
 }  // namespace
@@ -101,7 +101,7 @@ int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& op
   output.document()["values"] = Json::array();
   Request request;
   make_calls(agent, calls, request, output);
-  const Snapshot requested;
+  const seam::Texts requested = seam::kept_files();
   tell_request(request, requested, output);
   const bool ran = options.apply && request.accepted.size() == calls.size();
   if (ran) apply_request(request, requested, output);

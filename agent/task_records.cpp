@@ -1,23 +1,20 @@
 #include "task_records.hpp"
 
-#include <fstream>
 #include <sstream>
 
-#include "platform.hpp"
+#include "seam/paths.hpp"
+#include "seam/platform.hpp"
+#include "seam/snapshot.hpp"
 
 namespace kovadm {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kAppended[] = "/tmp/tr069/cmd_record";
-constexpr char kOnce[] = "/tmp/tr069/cmd_record_once";
+using seam::kTaskRecord;
+using seam::kTaskRecordOnce;
 
-std::string read_file(const char* path) {
-  std::ostringstream text;
-  text << std::ifstream(platform().place(path)).rdbuf();
-  return text.str();
-}
+std::string read_record(const char* path) { return seam::read_file(seam::platform().place(path)); }
 
 void add_lines(const std::string& text, std::vector<std::string>& lines) {
   std::istringstream stream(text);
@@ -26,14 +23,15 @@ void add_lines(const std::string& text, std::vector<std::string>& lines) {
 
 fs::file_time_type written(const char* path) {
   std::error_code missing;
-  return fs::last_write_time(platform().place(path), missing);
+  return fs::last_write_time(seam::platform().place(path), missing);
 }
 
 }  // namespace
 
-bool is_task_record(const fs::path& file) { return file == kAppended || file == kOnce; }
-
-TaskRecords::TaskRecords() : appended_(read_file(kAppended)), once_(read_file(kOnce)), once_written_(written(kOnce)) {}
+TaskRecords::TaskRecords()
+    : appended_(read_record(kTaskRecord)),
+      once_(read_record(kTaskRecordOnce)),
+      once_written_(written(kTaskRecordOnce)) {}
 
 std::vector<std::string> TaskRecords::recorded_since() const {
   const TaskRecords now;
@@ -46,13 +44,13 @@ std::vector<std::string> TaskRecords::recorded_since() const {
 
 std::vector<std::string> recorded_commands() {
   std::vector<std::string> lines;
-  add_lines(read_file(kAppended), lines);
-  add_lines(read_file(kOnce), lines);
+  add_lines(read_record(kTaskRecord), lines);
+  add_lines(read_record(kTaskRecordOnce), lines);
   return lines;
 }
 
 void empty_task_records() {
-  for (const char* path : {kAppended, kOnce}) {
+  for (const char* path : {kTaskRecord, kTaskRecordOnce}) {
     if (fs::exists(path)) fs::resize_file(path, 0);
   }
 }

@@ -7,8 +7,6 @@
 
 namespace kovadm {
 
-bool is_task_record(const std::filesystem::path& file);
-
 // The records as they stood at one time.
 class TaskRecords {
  public:

@@ -7,6 +7,7 @@
 #include "call.hpp"
 #include "families.h"
 #include "platform.hpp"
+#include "seam/paths.hpp"
 #include "walk.hpp"
 
 namespace kova::bench {
@@ -15,7 +16,6 @@ namespace {
 char output[1 << 16];
 
 constexpr const char* kPath = "cwmp.info.provisioningcode";
-constexpr const char* kMirror = "/tmp/cwmp-config";
 constexpr const char* kUpTime = "cat /proc/uptime | awk -F '.' '{print $1}' ";
 
 auto get(parameter_handler handler) {
@@ -34,20 +34,20 @@ const char* next_value() {
 void set_option() {
   int32_t instances[] = {0};
   uint32_t mask = 0;
-  if (call(DeviceInfo_ProvisioningCode, 1, instances, next_value(), &mask) != 0) abort();
+  if (seam::set(DeviceInfo_ProvisioningCode, instances, next_value(), &mask) != 0) abort();
 }
 
 // A set is a write to the store and one to the mirror of changes.
 void set_option_bare() {
   const char* value = next_value();
   write_option(nullptr, kPath, value);
-  write_option(kMirror, kPath, value);
+  write_option(seam::kMirror, kPath, value);
 }
 
 // A get of the last option of a package of `sections` sections.
 Figure get_from_package(int sections) {
   const std::string package = "sections" + std::to_string(sections);
-  std::ofstream file("/etc/config/" + package);
+  std::ofstream file(seam::kMainStore + ("/" + package));
   for (int i = 1; i <= sections; ++i) file << "config host 'h" << i << "'\n\toption address '192.168.1.10'\n";
   const auto size = static_cast<long>(file.tellp());
   const std::string section = "h" + std::to_string(sections);
@@ -72,7 +72,7 @@ std::vector<Figure> figures() {
       {"command get", get(DeviceInfo_UpTime), [] { read_command(kUpTime); }},
       {"counter", [] { get_TotalBytesAndPackets_by_name("lo", COUNTER_BYTES_SENT, output, sizeof output); },
        [] { read_command("cat /proc/net/dev|grep -w lo"); }},
-      {"host", get(Hosts_Host_HostName), [] { read_option("/tmp/tr069", "hosts", "1", "hostname", output); }},
+      {"host", get(Hosts_Host_HostName), [] { read_option(seam::kStateFiles, "hosts", "1", "hostname", output); }},
       walk_of_everything(),
   };
   for (const int sections : {10, 100, 1000}) all.push_back(get_from_package(sections));

@@ -23,10 +23,6 @@ function(kova_add_plugin target)
                                            -U_GLIBCXX_ASSERTIONS -D_GLIBCXX_NO_ASSERTIONS ${ARGN})
   # Nearly all files take these. (None of the plug-in's own: GCC would want the module's name to be the same for all.)
   target_precompile_headers(${target} PRIVATE <stdio.h> <string.h> <span> <string_view> <uci.h>)
-  # The whole library lies within a megabyte: an address takes one instruction instead of two. (LLVM 14 links no such.)
-  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    target_compile_options(${target} PRIVATE -mcmodel=tiny)
-  endif()
   # Linked as C: when loaded it needs libc and nothing else. What it takes from the platform libraries stays undefined
   # until the agent's process, which has them, loads it.
   set_target_properties(${target} PROPERTIES LINKER_LANGUAGE C CXX_VISIBILITY_PRESET hidden

@@ -11,6 +11,7 @@ extern "C" {
 #include <iterator>
 #include <span>
 
+#include "descriptors.hpp"
 #include "log.hpp"
 #include "text.hpp"
 
@@ -34,6 +35,7 @@ class BusConnection {
   ubus_context* get() const { return context_; }
 
  private:
+  kova::StandardDescriptors standard_;
   ubus_context* context_;
 };
 

@@ -1,6 +1,5 @@
 // The channels that a radio supports.
 #include <ctype.h>
-#include <stdlib.h>
 #include <string.h>
 
 #include "command.hpp"
@@ -30,7 +29,7 @@ int32_t GetChannelPoll(int32_t mode, const void* /*unused*/, char* channel, cons
   const char* network = network_of(instances, variant);
   if (network == nullptr) return -1;
   Text<256> interface;
-  if (read_option({"wireless", network}, "ifname", interface.span()) != 0) return -1;
+  if (!read_option({"wireless", network}, "ifname", interface.span())) return -1;
 
   Text<512> command;
   command.print("iwinfo %.255s freqlist | sed -e 's/*//g' -e 's/)//g' | awk '{print $4}' |tr '\n' ' ' ",
@@ -43,14 +42,13 @@ int32_t GetChannelPoll(int32_t mode, const void* /*unused*/, char* channel, cons
   Text<256> line;
   pipe.read_line(line.span());
 
-  // Numbers as strtol has them: one that is too large is none of a radio's, whatever its low bits are.
-  const long wanted = mode != 0 ? strtol(channel, nullptr, 10) : 0;
+  const int32_t wanted = mode != 0 ? leading_number(channel) : 0;
   Text<512> list;
   char* end = list.data();
   char* rest = nullptr;
   const char* token = strtok_r(line.data(), " ", &rest);
   for (int count = 0; token != nullptr && count < kMostChannels; ++count, token = strtok_r(nullptr, " ", &rest)) {
-    const long number = strtol(token, nullptr, 10);
+    const int32_t number = leading_number(token);
     if (mode != 0 && number == wanted && number != 0) return mode;
     for (; isdigit(static_cast<unsigned char>(*token)) != 0; ++token) *end++ = *token;
     *end++ = ' ';

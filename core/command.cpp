@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 
 #include "log.hpp"
-#include "parameter.hpp"
 #include "text.hpp"
 
 namespace kova {
@@ -34,24 +33,38 @@ class ExitStatuses {
   struct sigaction before_ = {};
 };
 
-}  // namespace
-
+// Runs a command as system() does, and has its exit status even where the agent ignores how its children end.
 int run_shell(const char* command) {
+  const StandardDescriptors standard;
   const ExitStatuses statuses;
   return system(command);
 }
+
+}  // namespace
+
+bool CommandLine::run() const { return *this && cwmp_system(c_str()) == 0; }
+
+int CommandLine::run_for_status() const { return *this ? run_shell(c_str()) : -1; }
+
+bool CommandLine::run_unjudged() const {
+  if (!*this) return false;
+  run_for_status();
+  return true;
+}
+
+bool CommandLine::record() const { return *this && record_task_cmd(c_str()) == 0; }
 
 void remove_newline(std::span<char> line) {
   const size_t length = strlen(line.data());
   if (length > 0 && line[length - 1] == '\n') line[length - 1] = '\0';
 }
 
-int first_line(const char* command, std::span<char> line) {
+bool first_line(const char* command, std::span<char> line) {
   CommandOutput output(command);
-  if (!output) return -1;
+  if (!output) return false;
   line[0] = '\0';
   if (output.read_line(line)) remove_newline(line);
-  return 0;
+  return true;
 }
 
 }  // namespace kova
@@ -85,15 +98,4 @@ int32_t cwmp_system(const char* command) {
     return -1;
   }
   return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? 0 : -2;
-}
-
-int32_t GetFirmDeviceInfo(int32_t operation, va_list arguments, const char* command) {
-  Call call(operation, place_of(arguments), HERE);
-  if (!call.is_get()) return -1;
-  Text<100> line;
-  if (first_line(command, line.span()) != 0) {
-    LOG("FTGDI.\n");
-    return -1;
-  }
-  return call.reply(line.c_str());
 }

@@ -5,10 +5,39 @@
 
 #include <span>
 
+#include "descriptors.hpp"
 #include "file.hpp"
 #include "text.hpp"
 
 namespace kova {
+
+// A command line. One that would be cut is empty, and an empty one fails wherever it is used: nothing is run.
+class CommandLine {
+ public:
+  // `form` is as printf has it.
+  template <typename... Arguments>
+  explicit CommandLine(const char* form, Arguments... arguments) {
+    if (!line_.print(form, arguments...)) line_ = "";
+  }
+
+  explicit operator bool() const { return !line_.empty(); }
+  const char* c_str() const { return line_.c_str(); }
+
+  // Runs it. Whether its exit status was 0.
+  bool run() const;
+
+  // Runs it as system() does: the status, or -1 when it could not be run.
+  int run_for_status() const;
+
+  // Runs it, whatever comes of it. False when there is nothing to run.
+  bool run_unjudged() const;
+
+  // Has the agent run it after the set request. Whether it was recorded.
+  bool record() const;
+
+ private:
+  Text<4096> line_;
+};
 
 // Owns a pipe from a shell command's output; closed with the scope.
 class CommandOutput {
@@ -25,32 +54,31 @@ class CommandOutput {
   bool read_line(std::span<char> line) { return kova::read_line(pipe_, line); }
 
  private:
+  StandardDescriptors standard_;
   FILE* pipe_;
 };
-
-// Runs a command as system() does, and has its exit status even where the agent ignores how its children end.
-int run_shell(const char* command);
 
 // Removes one trailing newline.
 void remove_newline(std::span<char> line);
 
 // The first line of a command's output without its newline, at most line.size() - 1 characters; empty when nothing is
-// printed. 0, or -1 when the command cannot be started.
-int first_line(const char* command, std::span<char> line);
+// printed. False when the command cannot be started.
+bool first_line(const char* command, std::span<char> line);
 
-// The first line of a command's output as util_exec reads it, cut to what fits; empty when nothing is printed.
+// The same as util_exec reads it, which logs the line or why there is none; then it is empty.
 template <std::size_t Size>
-Text<Size> printed_line(const char* command) {
+Text<Size> logged_first_line(const char* command) {
   Text<Size> line;
-  util_exec(command, line.data(), line.size());
+  util_exec(command, line.data(), line.capacity());
   return line;
 }
 
-// Prints a command line and runs it as cwmp_system does; -1, not run, when it would be cut.
-template <typename... Arguments>
-int run_command(const char* format, Arguments... arguments) {
-  Text<1024> command;
-  return command.print(format, arguments...) ? cwmp_system(command.c_str()) : -1;
+template <std::size_t Size>
+Text<Size> logged_first_line(const CommandLine& command) {
+  return command ? logged_first_line<Size>(command.c_str()) : Text<Size>();
 }
+
+// Runs a command for what it does. What it prints is only logged.
+inline void run_logged(const char* command) { logged_first_line<128>(command); }
 
 }  // namespace kova

@@ -20,71 +20,70 @@ struct Lan {
   bool has(PoolAddress other) const { return (other & mask) == (address & mask); }
 };
 
-uint32_t number(const char* text) { return static_cast<uint32_t>(leading_integer(text)); }
+uint32_t number(const char* text) { return static_cast<uint32_t>(leading_number(text)); }
 
-// SUCCESS, or FAILURE after logging why.
-int read_lan(Lan& lan) {
+// False, logged, when it cannot be told.
+bool read_lan(Lan& lan) {
   Text<64> address;
   Text<64> mask;
   Text<16> start;
   Text<16> limit;
-  if (read_option({"network", "lan"}, "ipaddr", address.span()) != 0 ||
-      read_option({"network", "lan"}, "netmask", mask.span()) != 0 ||
-      read_option({"dhcp", "lan"}, "start", start.span()) != 0 ||
-      read_option({"dhcp", "lan"}, "limit", limit.span()) != 0) {
+  if (!read_option({"network", "lan"}, "ipaddr", address.span()) ||
+      !read_option({"network", "lan"}, "netmask", mask.span()) ||
+      !read_option({"dhcp", "lan"}, "start", start.span()) || !read_option({"dhcp", "lan"}, "limit", limit.span())) {
     LOG("GDIE.\n\n");
-    return -1;
+    return false;
   }
   if (!lan.address.parse(address.c_str()) || !lan.mask.parse(mask.c_str())) {
     LOG("invalid ip\n\n");
-    return -1;
+    return false;
   }
   lan.first = (lan.address & lan.mask) + number(start.c_str());
   lan.last = lan.first + (number(limit.c_str()) - 1);
-  return 0;
+  return true;
 }
 
-// Reads an end of the range that must lie in the LAN. SUCCESS, or FAILURE after logging why.
-int read_end(const Lan& lan, const char* text, PoolAddress& end) {
+// Reads an end of the range that must lie in the LAN. False, logged, when it does not.
+bool read_end(const Lan& lan, const char* text, PoolAddress& end) {
   if (!end.parse(text)) {
     LOG("invalid ip\n\n");
-    return -1;
+    return false;
   }
   if (!lan.has(end)) {
     LOG("invalid ip pool\n\n");
-    return -1;
+    return false;
   }
-  return 0;
+  return true;
 }
 
-int complete_first(const Lan& lan, char* first, const char* last) {
+bool complete_first(const Lan& lan, char* first, const char* last) {
   PoolAddress end;
-  if (read_end(lan, last, end) != 0) return -1;
-  if (std::min(lan.first, end).print(first)) return 0;
+  if (!read_end(lan, last, end)) return false;
+  if (std::min(lan.first, end).print(first)) return true;
   LOG("convert ip failed\n\n");
-  return -1;
+  return false;
 }
 
-int complete_last(const Lan& lan, const char* first, char* last) {
+bool complete_last(const Lan& lan, const char* first, char* last) {
   PoolAddress begin;
-  if (read_end(lan, first, begin) != 0) return -1;
-  if (std::max(lan.last, begin).print(last)) return 0;
+  if (!read_end(lan, first, begin)) return false;
+  if (std::max(lan.last, begin).print(last)) return true;
   LOG("convert ip faild\n\n");
-  return -1;
+  return false;
 }
 
-int check_both(const Lan& lan, const char* first, const char* last) {
+bool check_both(const Lan& lan, const char* first, const char* last) {
   PoolAddress begin;
   PoolAddress end;
   if (!begin.parse(first) || !end.parse(last)) {
     LOG("invalid ip\n\n");
-    return -1;
+    return false;
   }
   if (!lan.has(begin) || !lan.has(end) || end < begin) {
     LOG("invalid ip pool\n\n");
-    return -1;
+    return false;
   }
-  return 0;
+  return true;
 }
 
 }  // namespace
@@ -95,7 +94,7 @@ int32_t dhcp_calc_ipaddr_pool(char* first, char* last) {
     return -1;
   }
   Lan lan;
-  if (read_lan(lan) != 0) return -1;
+  if (!read_lan(lan)) return -1;
   return lan.first.print(first) && lan.last.print(last) ? 0 : -1;
 }
 
@@ -105,12 +104,12 @@ int32_t dhcp_calc_pool_range(char* first, char* last) {
     return -1;
   }
   Lan lan;
-  if (read_lan(lan) != 0) return -1;
+  if (!read_lan(lan)) return -1;
   const bool has_first = first[0] != '\0';
   const bool has_last = last[0] != '\0';
-  if (has_first && has_last) return check_both(lan, first, last);
-  if (has_first) return complete_last(lan, first, last);
-  if (has_last) return complete_first(lan, first, last);
+  if (has_first && has_last) return check_both(lan, first, last) ? 0 : -1;
+  if (has_first) return complete_last(lan, first, last) ? 0 : -1;
+  if (has_last) return complete_first(lan, first, last) ? 0 : -1;
   LOG("invalid ip\n\n");
   return -1;
 }

@@ -5,7 +5,7 @@
 
 namespace kova {
 
-int reply_diagnostics_state(Call& call, const char* file) {
+bool reply_diagnostics_state(Call& call, const char* file) {
   File state(file, "r");
   if (!state) {
     constexpr LogMessage kMissing = "FTGDS.\n";
@@ -16,11 +16,9 @@ int reply_diagnostics_state(Call& call, const char* file) {
   return call.reply(state.read_line(line.span()) ? line.c_str() : "None");
 }
 
-int request_diagnostics(Call& call, const char* file, uint32_t bit) {
-  if (!call.value_is("Requested")) return FAILURE;
-  File state(file, "w");
-  if (!state || !state.write_and_close(call.value())) return refuse(call, "FTSDS.\n");
-  return call.mark(bit);
+bool request_diagnostics(Call& call, const char* file, uint32_t bit) {
+  if (!call.value_is("Requested")) return false;
+  return replace_file(file, call.value()) == Left::DONE ? call.mark(bit) : call.refuse("FTSDS.\n");
 }
 
 }  // namespace kova

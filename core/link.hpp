@@ -30,19 +30,19 @@ inline constexpr char kUpCommand[] = "ifconfig %s | sed '1d' | grep UP | awk '{p
 inline bool is_up(const char* printed) { return strcasecmp(printed, "UP") == 0; }
 
 // Replies the MAC address of a network device; "0:0:0:0:0:0" when there is no device or the bus has no answer.
-int reply_device_mac(Call& call, const char* device);
+bool reply_device_mac(Call& call, const char* device);
 
 // Replies a kernel counter of the interface's layer-3 device; "0" when there is none.
-int reply_link_counter(Call& call, const char* interface, interface_counter counter);
+bool reply_link_counter(Call& call, const char* interface, interface_counter counter);
 
 // ---- Getters ----
 
 constexpr auto link_status(const char* interface, bus_status_query query, const char* fallback) {
-  return [=](Call& call) IN_CODE { return reply_or(call, interface_status(interface, query).c_str(), fallback); };
+  return [=](Call& call) { return reply_or(call, interface_status(interface, query).c_str(), fallback); };
 }
 
 constexpr auto link_counter(const char* interface, interface_counter counter) {
-  return [=](Call& call) IN_CODE { return reply_link_counter(call, interface, counter); };
+  return [=](Call& call) { return reply_link_counter(call, interface, counter); };
 }
 
 }  // namespace kova

@@ -2,6 +2,7 @@
 #include <syslog.h>
 #include <unistd.h>
 
+#include "descriptors.hpp"
 #include "pkg-tool.h"
 
 namespace {
@@ -13,6 +14,7 @@ constexpr char kDebugSwitch[] = "/tmp/cwmp_debug";
 
 void normal_debug_print(const char* format, ...) {
   if (access(kDebugSwitch, F_OK) != 0) return;
+  const kova::StandardDescriptors standard;  // the system log keeps what it opens
 
   va_list arguments;
   va_start(arguments, format);
@@ -25,6 +27,7 @@ void normal_debug_print(const char* format, ...) {
 }
 
 void syslog_message(const char* format, ...) {
+  const kova::StandardDescriptors standard;
   va_list arguments;
   va_start(arguments, format);
   vsyslog(LOG_INFO, format, arguments);

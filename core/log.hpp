@@ -32,13 +32,6 @@ class LogMessage {
     static_assert(sizeof kPrefix + N <= kLongestFormat, "log message too long");
   }
 
-  // As Section::copy().
-  constexpr LogMessage copy() const {
-    LogMessage message;
-    message.text_ = text_;
-    return message;
-  }
-
   // Logs the message; an empty one logs nothing.
   void print(Origin origin) const {
     if (text_ != nullptr) normal_debug_print("%s, %d: %s", origin.module, origin.line, text_);

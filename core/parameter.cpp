@@ -8,76 +8,69 @@
 
 namespace kova {
 
-void copy_list(va_list& copy, ListPlace place) { va_copy(copy, *static_cast<va_list*>(place)); }
-
-int32_t serve(int32_t operation, ListPlace arguments, Origin origin, Word get, Word set) {
-  Call call(operation, arguments, origin);
-  return call.is_get() ? get(call) : set(call);
+Call::Call(int32_t operation, va_list arguments, Origin origin) : operation_(operation), origin_(origin) {
+  va_copy(arguments_, arguments);
+  va_list list;
+  va_copy(list, arguments);
+  instances_ = va_arg(list, int32_t*);
+  text_ = va_arg(list, char*);
+  va_end(list);
 }
 
-int32_t pass_on(int32_t operation, ListPlace arguments, parameter_handler target) {
-  return pass_on<int32_t(int32_t, va_list)>(operation, arguments, target);
+void* Call::third_argument() {
+  va_list list;
+  va_copy(list, arguments_);
+  va_arg(list, int32_t*);
+  va_arg(list, char*);
+  void* third = va_arg(list, void*);
+  va_end(list);
+  return third;
 }
 
-Call::Call(int32_t operation, ListPlace arguments, Origin origin) : operation_(operation), origin_(origin) {
-  copy_list(as_given_, arguments);
-  copy_list(arguments_, arguments);
-  instances_ = va_arg(arguments_, int32_t*);
-  text_ = va_arg(arguments_, char*);
-}
-
-int Call::reply(const char* text) {
+bool Call::reply(const char* text) {
   strcpy(text_, text);  // the agent's buffer holds any value of the parameter, by agreement
-  return SUCCESS;
+  return true;
 }
 
-int Call::reply_number(long long number) {
+bool Call::reply_number(long long number) {
   Text<24> text;
   text.print("%lld", number);
   return reply(text.c_str());
 }
 
-int Call::mark(uint32_t bits) {
-  *static_cast<uint32_t*>(third()) |= bits;
-  return SUCCESS;
+bool Call::mark(uint32_t bits) {
+  *static_cast<uint32_t*>(third_argument()) |= bits;
+  return true;
 }
 
-int Call::forward(parameter_handler handler) { return pass_on(operation_, &as_given_, handler); }
+bool Call::forward(parameter_handler handler) { return pass_on(operation_, arguments_, handler) == 0; }
 
-void* Call::third() {
-  if (third_ == nullptr) third_ = va_arg(arguments_, void*);
-  return third_;
+bool Call::refuse(LogMessage message) {
+  message.print(origin_);
+  return false;
 }
 
-int reply_option(Call& call, Section section, const char* option, const char* fallback) {
-  if (uci_raw_extract_value(section.package, section.name, option, call.output()) == 0) return SUCCESS;
-  return call.reply(fallback);
+bool reply_option(Call& call, Section section, const char* option) {
+  return uci_raw_extract_value(section.package, section.name, option, call.output()) == 0;
 }
 
-int reply_first_line(Call& call, const char* command, LogMessage failure) {
-  Text<100> line;
-  if (first_line(command, line.span()) != 0) {
-    failure.print(call.origin());
-    return FAILURE;
-  }
-  return call.reply(line.c_str());
+bool reply_option(Call& call, Section section, const char* option, const char* fallback) {
+  return reply_option(call, section, option) || call.reply(fallback);
 }
 
-int store_option(Call& call, Section section, const char* option, uint32_t bits, LogMessage failure) {
-  if (uci_raw_set_value(section.package, section.name, option, call.value()) != 0) {
-    failure.print(call.origin());
-    return FAILURE;
-  }
-  return bits != 0 ? call.mark(bits) : SUCCESS;
-}
-
-int reply_or(Call& call, const char* text, const char* fallback) {
+bool reply_or(Call& call, const char* text, const char* fallback) {
   return call.reply(text[0] != '\0' ? text : fallback);
 }
 
-int refuse(Call& call, LogMessage message) {
-  message.print(call.origin());
-  return FAILURE;
+bool reply_first_line(Call& call, const char* command, LogMessage failure) {
+  Text<100> line;
+  return first_line(command, line.span()) ? call.reply(line.c_str()) : call.refuse(failure);
+}
+
+bool store_option(Call& call, Section section, const char* option, const char* value, uint32_t bits,
+                  LogMessage failure) {
+  if (!write_option(section, option, value)) return call.refuse(failure);
+  return bits == 0 || call.mark(bits);
 }
 
 bool is_address(const Call& call) {
@@ -87,12 +80,16 @@ bool is_address(const Call& call) {
   return false;
 }
 
-int run_verify(Call& call, const VerifyCommand& command, LogMessage failure) {
-  return command.run() == SUCCESS ? SUCCESS : refuse(call, failure);
+bool run_verify(Call& call, const VerifyCommand& command, LogMessage failure) {
+  return command.run() || call.refuse(failure);
 }
 
-int record_verify(Call& call, const VerifyCommand& command, LogMessage failure) {
-  return command.record() == SUCCESS ? call.mark(APPLY_TASK_COMMANDS) : refuse(call, failure);
+bool record_verify(Call& call, const VerifyCommand& command, LogMessage failure) {
+  return command.record() ? call.mark(APPLY_TASK_COMMANDS) : call.refuse(failure);
 }
 
 }  // namespace kova
+
+int32_t GetFirmDeviceInfo(int32_t operation, va_list arguments, const char* command) {
+  return kova::serve(operation, arguments, HERE, kova::command_line(command, "FTGDI.\n"), kova::read_only);
+}

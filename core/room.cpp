@@ -1,7 +1,11 @@
 #include "room.hpp"
 
 #include <string.h>
+#include <sys/stat.h>
 #include <sys/vfs.h>
+#include <unistd.h>
+
+#include "log.hpp"
 
 namespace kova {
 namespace {
@@ -25,6 +29,33 @@ uint64_t section_size(const uci_section& section) {
   return size;
 }
 
+// A file system and the room that it has for this process.
+class FileSystem {
+ public:
+  explicit FileSystem(const char* directory) {
+    struct stat place;
+    struct statfs system;
+    if (stat(directory, &place) != 0 || statfs(directory, &system) != 0) return;
+    device_ = place.st_dev;
+    block_ = system.f_blocks != 0 ? static_cast<uint64_t>(system.f_frsize) : 0;
+    free_ = geteuid() == 0 ? system.f_bfree : system.f_bavail;  // some of it is kept for root
+  }
+
+  bool is(const FileSystem& other) const { return device_ == other.device_; }
+
+  // Whether files of these sizes fit. True when it cannot tell.
+  bool has_room(uint64_t size, uint64_t other_size = 0) const {
+    return block_ == 0 || blocks(size) + blocks(other_size) <= free_;
+  }
+
+ private:
+  uint64_t blocks(uint64_t bytes) const { return (bytes + block_ - 1) / block_; }
+
+  dev_t device_ = 0;
+  uint64_t block_ = 0;
+  uint64_t free_ = 0;
+};
+
 }  // namespace
 
 uint64_t quoted_size(const char* value) {
@@ -41,12 +72,13 @@ uint64_t file_size(const uci_package& package) {
   return size;
 }
 
-bool has_room(const char* directory, uint64_t size, uint64_t beside) {
-  struct statfs system;
-  if (statfs(directory, &system) != 0 || system.f_blocks == 0 || system.f_frsize == 0) return true;
-  const auto block = static_cast<uint64_t>(system.f_frsize);
-  const auto blocks = [&](uint64_t bytes) { return (bytes + block - 1) / block; };
-  return blocks(size) + blocks(beside) <= system.f_bavail;
+bool has_room(const char* directory, uint64_t size, uint64_t change) {
+  const FileSystem package_files(directory);
+  const FileSystem changes("/tmp");
+  const bool room = package_files.is(changes) ? package_files.has_room(size, change)
+                                              : package_files.has_room(size) && changes.has_room(change);
+  if (!room) LOG("no room for %s\n", directory);
+  return room;
 }
 
 }  // namespace kova

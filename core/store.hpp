@@ -6,8 +6,11 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <string_view>
 
+#include "descriptors.hpp"
 #include "log.hpp"
+#include "text.hpp"
 
 namespace kova {
 
@@ -15,19 +18,10 @@ namespace kova {
 struct Section {
   const char* package;
   const char* name;
-
-  // Member by member: compilers see constants in it, where in a copied object they see memory.
-  constexpr Section copy() const { return {package, name}; }
 };
 
-// Reads an option of /etc/config into a bounded text, cut to what fits. 0, or -1 (logged) with `value` untouched.
-int read_option(Section section, const char* option, std::span<char> value);
-
-// Whether an option of /etc/config can be read and is exactly this value, of at most 62 characters.
-bool option_is(Section section, const char* option, const char* value);
-
-// The same as read_option for the state files below /tmp/tr069.
-int read_state_option(Section section, const char* option, std::span<char> value);
+inline constexpr char kMainDirectory[] = "/etc/config";
+inline constexpr char kStateDirectory[] = "/tmp/tr069";
 
 // Owns a libuci context and with it every package loaded there.
 class ConfigContext {
@@ -47,8 +41,55 @@ class ConfigContext {
   uci_package* load(const char* package) const;
 
  private:
+  StandardDescriptors standard_;
   uci_context* context_;
 };
+
+// A text of the store, whole, where the library has it; what holds it there goes with the scope.
+class StoredText {
+ public:
+  // Whether it could be read; a list counts as missing.
+  explicit operator bool() const { return text_ != nullptr; }
+  const char* text() const { return text_; }
+
+  // False when it could not be read.
+  bool operator==(std::string_view text) const { return text_ != nullptr && text == text_; }
+
+ protected:
+  explicit StoredText(const char* directory = nullptr) : context_(directory) {}
+
+  ConfigContext context_;
+  const char* text_ = nullptr;
+};
+
+// An option of /etc/config. Why it cannot be read is logged.
+class Option : public StoredText {
+ public:
+  Option(Section section, const char* name);
+};
+
+// An option of the state files below /tmp/tr069.
+class StateOption : public StoredText {
+ public:
+  StateOption(Section section, const char* name);
+};
+
+// Writes an option as uci_raw_set_value does. Whether it was written.
+bool write_option(Section section, const char* option, const char* value);
+
+inline bool read_option(Section section, const char* option, std::span<char> value) {
+  const Option stored(section, option);
+  if (stored) copy_text(value, stored.text());
+  return static_cast<bool>(stored);
+}
+inline bool option_is(Section section, const char* option, const char* value) {
+  return Option(section, option) == value;
+}
+inline bool read_state_option(Section section, const char* option, std::span<char> value) {
+  const StateOption stored(section, option);
+  if (stored) copy_text(value, stored.text());
+  return static_cast<bool>(stored);
+}
 
 // The sections of one type in a package, in file order: for (uci_section* login : sections(package, "login")).
 class SectionsOfType {
@@ -80,6 +121,12 @@ class SectionsOfType {
   SectionsOfType(const uci_package* package, const char* type) : head_(&package->sections), type_(type) {}
   Iterator begin() const { return {head_->next, head_, type_}; }
   Iterator end() const { return {head_, head_, type_}; }
+
+  int32_t count() const {
+    int32_t count = 0;
+    for ([[maybe_unused]] uci_section* section : *this) ++count;
+    return count;
+  }
 
   // The section that has this number in file order, counted from 1; nullptr when there is none.
   uci_section* nth(int32_t number) const {

@@ -6,6 +6,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -32,12 +33,14 @@ inline bool begins_with(std::string_view beginning, std::string_view text) {
   return text.size() >= beginning.size() && std::string_view(text.data(), beginning.size()) == beginning;
 }
 
-// The integer that a text begins with, 0 without one. As atoi, but one that does not fit has its low bits, everywhere.
-inline int leading_integer(const char* text) { return static_cast<int>(strtol(text, nullptr, 10)); }
+// The number that a text begins with, 0 without one. One that needs more than 32 bits is the nearest that does not.
+inline int32_t leading_number(const char* text) {
+  return static_cast<int32_t>(std::clamp<long long>(strtoll(text, nullptr, 10), INT32_MIN, INT32_MAX));
+}
 
-// True when the number that `text` begins with lies in this range, both ends included; without a number it is 0.
-inline bool number_between(const char* text, int lowest, int highest) {
-  const long number = strtol(text, nullptr, 10);
+// True when the number that `text` begins with lies in this range, both ends included.
+inline bool number_between(const char* text, int32_t lowest, int32_t highest) {
+  const int32_t number = leading_number(text);
   return number >= lowest && number <= highest;
 }
 
@@ -45,7 +48,8 @@ inline bool number_between(const char* text, int lowest, int highest) {
 template <std::size_t Size>
 class Text {
  public:
-  static constexpr std::size_t capacity() { return Size; }  // with the terminator
+  // With the terminator, as the exported helpers take it.
+  static constexpr int32_t capacity() { return Size; }
 
   Text() = default;
   explicit Text(std::string_view text) { *this = text; }
@@ -68,7 +72,6 @@ class Text {
   std::string_view view() const { return buffer_; }
   bool empty() const { return buffer_[0] == '\0'; }
   char* data() { return buffer_; }
-  int32_t size() const { return Size; }  // the capacity as the exported helpers take it
   std::span<char> span() { return buffer_; }
 
   bool operator==(std::string_view other) const { return view() == other; }

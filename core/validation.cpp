@@ -1,7 +1,6 @@
 #include <ctype.h>
 #include <regex.h>
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 
 #include "log.hpp"
@@ -65,11 +64,10 @@ int32_t validityHost(const char* text) {
 
 int32_t validityCheck(const char* text, int32_t kind) {
   if (text == nullptr || !all_digits(text)) return -1;
-  const unsigned long value = strtoul(text, nullptr, 10);
   bool valid = false;
   if (kind == 1) valid = true;
   if (kind == 2) valid = strlen(text) <= 6;
-  if (kind == 3) valid = value >= 1 && value <= 65535;
+  if (kind == 3) valid = kova::number_between(text, 1, 65535);
   return valid ? 0 : -1;
 }
 

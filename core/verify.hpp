@@ -2,8 +2,7 @@
 // the agent runs the recorded commands.
 #pragma once
 
-#include "log.hpp"
-#include "text.hpp"
+#include "command.hpp"
 
 namespace kova {
 
@@ -13,25 +12,15 @@ inline constexpr char kVerifyQuotedInBackground[] = R"(%s %s "%s" &)";
 inline constexpr char kVerifyQuotedAndSpace[] = R"(%s %s "%s" )";
 inline constexpr char kVerifyBare[] = "%s %s %s";
 
-// A command line that runs the verify script; empty when it would be cut, which is then a failure to run or record.
-class VerifyCommand {
+// A command line that runs the verify script.
+class VerifyCommand : public CommandLine {
  public:
   template <typename... Values>
-  VerifyCommand(const char* form, const char* key, Values... values) {
-    if (!line_.print(form, "lua /usr/bin/tr069/verify_pms", key, values...)) line_ = "";
-  }
+  VerifyCommand(const char* form, const char* key, Values... values)
+      : CommandLine(form, "lua /usr/bin/tr069/verify_pms", key, values...) {}
 
-  // Runs it now. SUCCESS when its verdict, left in the state file "check", is exactly "1".
-  int run() const;
-
-  // Runs it now; SUCCESS whatever comes of it.
-  int run_unjudged() const;
-
-  // Has the agent run it after the set request. SUCCESS when recorded.
-  int record() const;
-
- private:
-  Text<1024> line_;
+  // Runs it. Whether its verdict, left in the state file "check", is exactly "1".
+  bool run() const;
 };
 
 }  // namespace kova

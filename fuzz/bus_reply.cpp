@@ -8,7 +8,9 @@
 using namespace kova::fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  bus_reply = Input(data, size).rest();
+  static Bus bus;
+  static const seam::InUse in_use(bus, seam::Calls::OF_PROCESS);
+  bus.reply = Input(data, size).rest();
   for (uint32_t query = INTERFACE_UP; query <= DEVICE_BRIDGE_MEMBERS + 1; ++query) {
     for (const auto ask : {netif_get_interface_status, netif_get_device_status}) {
       for (const int32_t room : {64, 1}) {

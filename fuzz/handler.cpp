@@ -1,17 +1,17 @@
 // One call of a handler, on a router whose files, commands and bus say what the input says.
-#include "support/handler.hpp"
+#include "seam/handler.hpp"
 
 #include <stdio.h>
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <map>
 #include <vector>
 
 #include "bus.hpp"
 #include "input.hpp"
+#include "seam/paths.hpp"
+#include "seam/snapshot.hpp"
 #include "support/catalogue.hpp"
 #include "support/mount.hpp"
 
@@ -20,30 +20,74 @@ using namespace kova::fuzz;
 
 namespace {
 
-std::string printed;  // by commands
-int status = 0;       // of commands
-int pipes = 0;        // that are open
+// Answers the router's commands too, and notes which files are read.
+class Router final : public Bus {
+ public:
+  FILE* popen(const char* /*command*/, const char* /*mode*/) override {
+    if (command_status == -1) return errno = EMFILE, nullptr;
+    ++pipes;
+    return fmemopen(printed.data(), printed.size(), "r");
+  }
+  int pclose(FILE* pipe) override {
+    --pipes;
+    return fclose(pipe);
+  }
+  int system(const char* /*command*/) override { return command_status; }
 
-// The texts that can be spoilt: packages, and what other programs leave.
+  FILE* fopen(const char* path, const char* mode) override {
+    if (*mode == 'r') asked.insert(path);
+    return Platform::fopen(path, mode);
+  }
+  int uci_set_confdir(uci_context* context, const char* directory) override {
+    directory_ = directory;
+    return Platform::uci_set_confdir(context, directory);
+  }
+  int uci_load(uci_context* context, const char* name, uci_package** package) override {
+    asked.insert(directory_ + "/" + name);
+    return Platform::uci_load(context, name, package);
+  }
+
+  std::set<std::string> asked;
+  std::string printed;     // by commands
+  int command_status = 0;  // of commands
+  int pipes = 0;           // that are open
+
+ private:
+  std::string directory_ = seam::kMainStore;
+};
+
+Router router;
+const seam::InUse in_use(router, seam::Calls::OF_PROCESS);
+
+// The texts that can be spoilt: packages, and what other programs leave for the plug-in to read.
 struct World {
   World() {
-    for (const char* file : {"hosts", "check", "aplist", "timezonelist"}) files["/tmp/tr069/" + std::string(file)] = "";
-    for (const char* file : {"ping", "trace", "nslookup", "download", "upload", "neighborwifi"}) {
-      for (const char* kind : {"_state", "_result"}) files["/tmp/diag/" + (file + std::string(kind))] = "";
+    files = seam::Snapshot({seam::kMainStore}).texts();
+    for (const char* directory : {seam::kMainStore, "/tmp"}) test::mount_memory(directory, 65536);
+    for (const char* directory : {seam::kStateFiles, seam::kTestFiles}) std::filesystem::create_directories(directory);
+    restore();
+    for (const test::Row& row : test::kCatalogue) ask_both(row);
+    for (const std::string& path : router.asked) {
+      if (path.starts_with("/tmp/")) files[path] = "";
     }
-    for (const auto& entry : std::filesystem::directory_iterator("/etc/config")) {
-      std::ifstream file(entry.path());
-      files[entry.path()] = {std::istreambuf_iterator<char>(file), {}};
-    }
-    for (const char* directory : {"/etc/config", "/tmp"}) test::mount_memory(directory, 65536);
-    for (const char* directory : {"/tmp/tr069", "/tmp/diag"}) std::filesystem::create_directories(directory);
-    for (const auto& [path, text] : files) put(path, text);
+    restore();
     for (const auto& [path, text] : files) paths.push_back(path);
   }
 
-  static void put(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
+  void restore() const {
+    for (const auto& [path, text] : files) seam::write_file(path, text);
+  }
 
-  std::map<std::string, std::string> files;
+  static void ask_both(const test::Row& row) {
+    static char output[1 << 16];
+    int32_t instances[] = {1, 1, 1, 1, 0, 0};
+    uint32_t mask = 0;
+    agent_state agent = seam::running_agent();
+    seam::get(row.handler, instances, output, &agent);
+    seam::set(row.handler, instances, "1", &mask);
+  }
+
+  seam::Texts files;
   std::vector<std::string> paths;
 };
 
@@ -80,52 +124,36 @@ void ask(Question question) {
   const int descriptor = dup(0);
   close(descriptor);
   if (question.operation == 0) {
-    agent_state agent = test::running_agent();
-    const int32_t result = test::call(question.row.handler, 0, question.instances, buffer.all(), &agent);
+    agent_state agent = seam::running_agent();
+    const int32_t result = seam::get(question.row.handler, question.instances, buffer.all(), &agent);
     require(result == 0 || result == -1);
   } else {
     uint32_t mask = 8;
     const int32_t result =
-        test::call(question.row.handler, question.operation, question.instances, question.value.c_str(), &mask);
+        seam::set(question.row.handler, question.instances, question.value.c_str(), &mask, question.operation);
     require(result == 0 || (result == -1 && mask == 8));
   }
   const int next = dup(0);
   close(next);
-  require(next == descriptor && pipes == 0);
+  require(next == descriptor && router.pipes == 0);
 }
 
 }  // namespace
 
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the C library's
-extern "C" {
-
-FILE* popen(const char* /*command*/, const char* /*mode*/) {
-  if (status == -1) return errno = EMFILE, nullptr;
-  ++pipes;
-  return fmemopen(printed.data(), printed.size(), "r");
-}
-int pclose(FILE* pipe) {
-  --pipes;
-  return fclose(pipe);
-}
-int system(const char* /*command*/) { return status; }
-
-int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   Input input(data, size);
   const Question question(input);
-  status = static_cast<int32_t>(input.number(1) % 3) - 1;
-  bus_status = input.number(1) % 4 == 1 ? 7 : 0;
+  router.command_status = static_cast<int32_t>(input.number(1) % 3) - 1;
+  router.status = input.number(1) % 4 == 1 ? 7 : 0;
   const std::string& path = world.paths[input.number(1) % world.paths.size()];
-  World::put(path, spoilt(world.files.at(path), input));
-  printed = input.text();
-  bus_reply = input.text();
+  seam::write_file(path, spoilt(world.files.at(path), input));
+  router.printed = input.text();
+  router.reply = input.text();
   ask(question);
   // A set may have changed any; the mirrors are left to fill up.
   for (const auto& [each, text] : world.files) {
     std::error_code unknown;
-    if (each == path || std::filesystem::file_size(each, unknown) != text.size()) World::put(each, text);
+    if (each == path || std::filesystem::file_size(each, unknown) != text.size()) seam::write_file(each, text);
   }
   return 0;
 }
-}
-// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -3,21 +3,16 @@ extern "C" {
 #include <libubus.h>
 }
 
-#include <dlfcn.h>
-
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <functional>
 #include <map>
 
+#include "seam/platform.hpp"
 #include "support/device.hpp"
 
 namespace kova::test {
 namespace {
-
-// Answers a call in place of the bus.
-std::function<void(ubus_data_handler_t handler, void* context, int timeout)> in_place_of_replies;
 
 class Bus : public DeviceTest {
  protected:
@@ -79,23 +74,23 @@ TEST_F(Bus, MissingEmptyOrMistypedFieldsLeaveTheBufferUntouched) {
 }
 
 // A reply as another program may have spoilt it, handed to the plug-in in place of the bus's.
-class SpoiltReply : public Bus {
+class SpoiltReply : public Bus, seam::Platform {
  protected:
   void SetUp() override {
     Bus::SetUp();
     interface_answers("{}");
     device_answers("{}");
     blob_buf_init(&message_, 0);
-    in_place_of_replies = [this](ubus_data_handler_t handler, void* context, int timeout) {
-      EXPECT_EQ(timeout, 3000);
-      ubus_request request = {};
-      request.priv = context;
-      handler(&request, 0, has_message_ ? message_.head : nullptr);
-    };
   }
-  void TearDown() override {
-    in_place_of_replies = nullptr;
-    blob_buf_free(&message_);
+  void TearDown() override { blob_buf_free(&message_); }
+
+  int ubus_invoke_fd(ubus_context* /*bus*/, uint32_t /*id*/, const char* /*method*/, blob_attr* /*message*/,
+                     ubus_data_handler_t handler, void* context, int timeout, int /*file*/) override {
+    EXPECT_EQ(timeout, 3000);
+    ubus_request request = {};
+    request.priv = context;
+    handler(&request, 0, has_message_ ? message_.head : nullptr);
+    return 0;
   }
 
   // An array whose one element claims a longer name than it has room for.
@@ -109,6 +104,7 @@ class SpoiltReply : public Bus {
 
   blob_buf message_ = {};
   bool has_message_ = true;
+  const seam::InUse in_use_{*this, seam::Calls::OF_PROCESS};
 };
 
 TEST_F(SpoiltReply, WritesNothing) {
@@ -190,20 +186,5 @@ TEST_F(Bus, ACallHandsTheReplyAndItsContextOver) {
   EXPECT_TRUE(called);
 }
 
-// What the plug-in calls instead of the library's.
-int invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* message, ubus_data_handler_t handler,
-           void* context, int timeout, int descriptor) {
-  static const auto real = reinterpret_cast<decltype(&ubus_invoke_fd)>(dlsym(RTLD_NEXT, "ubus_invoke_fd"));
-  if (!in_place_of_replies) return real(bus, id, method, message, handler, context, timeout, descriptor);
-  in_place_of_replies(handler, context, timeout);
-  return 0;
-}
-
 }  // namespace
-
-extern "C" int ubus_invoke_fd(ubus_context* ctx, uint32_t id, const char* method, blob_attr* msg,
-                              ubus_data_handler_t cb, void* priv, int timeout, int fd) {
-  return invoke(ctx, id, method, msg, cb, priv, timeout, fd);
-}
-
 }  // namespace kova::test

@@ -28,12 +28,12 @@ std::ostream& operator<<(std::ostream& out, const Observed& observed) {
 
 template <typename Work>
 Observed observe(Work work) {
-  const DeviceState before;
+  const seam::Snapshot before = seam::Snapshot::of_lab();
   seams().commands.clear();
   seams().syslog.clear();
   std::ostringstream answer;
   answer << work();
-  std::vector<std::string> deeds = before.effects();
+  std::vector<std::string> deeds = effects_since(before);
   for (const std::string& command : seams().commands) deeds.push_back(runs(command));
   deeds.insert(deeds.end(), seams().syslog.begin(), seams().syslog.end());
   before.restore();
@@ -56,7 +56,7 @@ Observed observe_set(parameter_handler handler, const std::string& value, int32_
 
 // A value that the handler accepts; nothing when it takes none of the common ones.
 std::optional<std::string> accepted_value(parameter_handler handler) {
-  const DeviceState before;
+  const seam::Snapshot before = seam::Snapshot::of_lab();
   std::optional<std::string> found;
   for (const char* value : kCommonValues) {
     if (!found && set(handler, value, kFirstRow).result == 0) found = value;
@@ -102,16 +102,16 @@ TEST_F(Catalogue, EveryOperationButZeroSets) {
 }
 
 TEST_F(Catalogue, GetsLeaveTheRoutersFilesAlone) {
-  const DeviceState before;
+  const seam::Snapshot before = seam::Snapshot::of_lab();
   for (const Row& row : kCatalogue) {
     get(row.handler, kFirstRow);
-    EXPECT_EQ(before.effects(), Effects{}) << row.name;
+    EXPECT_EQ(effects_since(before), Effects{}) << row.name;
   }
 }
 
 TEST_F(Catalogue, NobodyLogsWithoutTheDebugFileOrLeavesADescriptorOpen) {
   run("rm /tmp/cwmp_debug");
-  const DeviceState before;
+  const seam::Snapshot before = seam::Snapshot::of_lab();
   const int descriptors = open_descriptors();
   for (const Row& row : kCatalogue) {
     SCOPED_TRACE(row.name);

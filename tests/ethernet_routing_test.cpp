@@ -135,7 +135,7 @@ TEST_F(Routing, ChangesAreWrittenAtOnceByACommand) {
         {ROUTE(GatewayIPAddress), "192.168.1.9", "gateway", "192.168.1.9"}}) {
     const std::string path = std::string("network.first.") + option;
     const std::string command = runs("uci set " + path + "=" + written + " && uci commit");
-    const Source long_name = package("network", "config route " + std::string(1100, 'n'));
+    const Source long_name = package("network", "config route " + std::string(5000, 'n'));
     expect_sets({{At{handler, {7, 1}}, value, accepted(APPLY_ROUTES), {changes(path, written), command}},
                  {At{handler, {1, 1}}, value, accepted(APPLY_ROUTES), {command}, exits(256)},
                  {At{handler, {1, 4}}, value, accepted(APPLY_ROUTES)},  // no row: nothing to write, yet they are marked

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "seam/platform.hpp"
 #include "support/catalogue.hpp"
 
 namespace kova::test {
@@ -107,6 +108,31 @@ TEST_P(Exports, NothingIsNeededButTheCLibraryAndThePlatform) {
     EXPECT_NE(dlsym(c_library, name.c_str()), nullptr) << name;
   }
   EXPECT_NE(dlopen(GetParam(), RTLD_NOW | RTLD_LOCAL), nullptr) << dlerror();
+}
+
+// Nothing of the world changes or is asked by these: texts, numbers, memory, what the seam has opened, children that it
+// has started.
+const Names kHarmless = {
+    "__ctype_b_loc", "__errno_location", "__isoc99_sscanf", "__stack_chk_fail", "clearerr", "close", "fcntl", "ferror",
+    "fileno", "getc", "geteuid", "htonl", "inet_aton", "inet_ntop", "isxdigit", "memchr", "memcmp", "memcpy", "memmove",
+    "memset", "ntohl", "regexec", "regfree", "setvbuf", "signal", "snprintf", "sprintf", "stderr", "stpcpy",
+    "strcasecmp", "strcat", "strchr", "strchrnul", "strcmp", "strcpy", "strcspn", "strerror", "strlen", "strncmp",
+    "strncpy", "strnlen", "strspn", "strstr", "strtok_r", "strtol", "strtoll", "strtoul", "vsnprintf", "waitpid",
+    // messages of the bus that were received
+    "blob_buf_free", "blob_data", "blob_len", "blob_next", "blob_pad_len", "blobmsg_check_attr", "blobmsg_data",
+    "blobmsg_data_len", "blobmsg_get_bool", "blobmsg_get_string", "blobmsg_get_u32", "blobmsg_get_u64", "blobmsg_type"};
+
+// Whether calls of it come to this program, which has the seam in it.
+bool is_taken_over(const std::string& name) {
+  Dl_info of_symbol = {};
+  Dl_info of_seam = {};
+  return dladdr(dlsym(RTLD_DEFAULT, name.c_str()), &of_symbol) != 0 &&
+         dladdr(reinterpret_cast<void*>(&seam::platform), &of_seam) != 0 && of_symbol.dli_fbase == of_seam.dli_fbase;
+}
+
+TEST_P(Exports, ReachTheWorldThroughTheSeamAlone) {
+  for (const std::string& name : Library(GetParam()).undefined)
+    EXPECT_NE(is_taken_over(name), kHarmless.contains(name)) << name;
 }
 
 #ifdef __aarch64__

@@ -19,6 +19,8 @@
 #include <utility>
 #include <vector>
 
+#include "seam/paths.hpp"
+#include "seam/snapshot.hpp"
 #include "support/catalogue.hpp"
 #include "support/faults.hpp"
 #include "support/handler.hpp"
@@ -41,24 +43,12 @@ using Findings = std::set<std::string>;
 // ---- Files ----
 
 const std::string kNone = "none";
-using Files = std::map<std::string, std::string>;
+using seam::Texts;
+
+Texts files_now() { return seam::Snapshot({seam::kMainStore, "/tmp"}).texts(); }
 
 std::string contents_of(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return file ? std::string(std::istreambuf_iterator<char>(file), {}) : kNone;
-}
-
-const std::string kBuild = build_below_tmp();
-
-Files files_now() {
-  Files files;
-  for (const char* place : {"/etc/config", "/tmp"}) {
-    for (auto entry = std::filesystem::recursive_directory_iterator(place); entry != end(entry); ++entry) {
-      if (entry->path() == kBuild) entry.disable_recursion_pending();
-      if (entry->is_regular_file()) files[entry->path()] = contents_of(entry->path());
-    }
-  }
-  return files;
+  return std::filesystem::exists(path) ? seam::read_file(path) : kNone;
 }
 
 void put(const std::string& path, const std::string& text) {
@@ -66,12 +56,12 @@ void put(const std::string& path, const std::string& text) {
     std::filesystem::remove(path);
   } else {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-    std::ofstream(path, std::ios::binary) << text;
+    seam::write_file(path, text);
   }
 }
 
 bool is_package(const std::string& path) {
-  return path.starts_with("/etc/config/") || path.starts_with("/tmp/cwmp-config");
+  return path.starts_with(seam::kMainStore) || path.starts_with(seam::kMirror);
 }
 
 // The sections and options of a package file, as the store writes it.
@@ -100,14 +90,9 @@ bool is_whole(const std::string& text, const std::string& before, const std::str
 // The files that a call changes, as they are before and after it; and what else may be left to put back.
 class Changed {
  public:
-  Changed(const Files& before, const Files& after) : before_(before) {
-    for (const auto& [path, text] : after) {
-      const auto earlier = before.find(path);
-      note(path, earlier != before.end() ? earlier->second : kNone, text);
-    }
-    for (const auto& [path, text] : before) {
-      if (!after.contains(path)) note(path, text, kNone);
-    }
+  Changed(const Texts& before, const Texts& after) : before_(before) {
+    for (const auto& [path, was, is] : seam::differences(before, after))
+      texts_[path] = {was.value_or(kNone), is.value_or(kNone)};
   }
 
   // Puts the files back, and says which packages are broken.
@@ -124,23 +109,16 @@ class Changed {
   // The same for what only a call during which something failed has changed.
   Findings judge_and_restore_others() const {
     Findings findings;
-    for (const auto& [path, text] : files_now()) {
-      const auto earlier = before_.find(path);
-      const std::string old_text = earlier != before_.end() ? earlier->second : kNone;
-      if (text == old_text) continue;
-      if (!is_package(path) || !is_whole(text, old_text, old_text)) findings.insert("changes " + path);
+    for (const auto& [path, was, is] : seam::differences(before_, files_now())) {
+      const std::string old_text = was.value_or(kNone);
+      if (!is_package(path) || !is_whole(is.value_or(kNone), old_text, old_text)) findings.insert("changes " + path);
       put(path, old_text);
     }
     return findings;
   }
 
  private:
-  void note(const std::string& path, const std::string& old_text, const std::string& new_text) {
-    if (old_text == new_text) return;
-    texts_[path] = {old_text, new_text};
-  }
-
-  const Files& before_;
+  const Texts& before_;
   std::map<std::string, std::pair<std::string, std::string>> texts_;
 };
 
@@ -171,7 +149,7 @@ Findings sweep(const Work& work, bool is_handler = true) {
   const auto note = [&](const std::string& when, const Findings& findings) {
     for (const std::string& finding : findings) all.insert(when + finding);
   };
-  const Files before = files_now();
+  const Texts before = files_now();
   under_fire(work);  // also for what is made once and kept
   std::vector<Service*> used;
   for (Service* service = Service::first; service != nullptr; service = service->next) {
@@ -194,13 +172,13 @@ Result get_once(parameter_handler handler) {
   static char output[1 << 16];
   static agent_state agent = running_agent();
   int32_t instances[] = {1, 1, 1, 1, 0, 0};
-  return {call(handler, 0, instances, output, &agent)};
+  return {seam::get(handler, instances, output, &agent)};
 }
 
 Result set_once(parameter_handler handler, const char* value) {
   int32_t instances[] = {1, 1, 1, 1, 0, 0};
   Result result = {0};
-  result.result = call(handler, 1, instances, value, &result.mask);
+  result.result = seam::set(handler, instances, value, &result.mask);
   return result;
 }
 
@@ -208,8 +186,8 @@ Result set_once(parameter_handler handler, const char* value) {
 class FaultSweep : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    const Files files = files_now();
-    for (const char* directory : {"/etc/config", "/tmp"}) mount_memory(directory, 4096);  // which is quicker
+    const Texts files = files_now();
+    for (const char* directory : {seam::kMainStore, "/tmp"}) mount_memory(directory, 4096);  // which is quicker
     for (const auto& [path, text] : files) put(path, text);
     // Whatever is asked for, without a program to be run.
     for (const auto& entry : std::filesystem::recursive_directory_iterator("/etc/lab/bus")) {
@@ -242,7 +220,7 @@ TEST_F(FaultSweep, EveryHandlerGets) {
 TEST_F(FaultSweep, EveryHandlerSets) {
   for (const Row& row : kCatalogue) {
     if (row.access == Access::READ_ONLY) continue;
-    const Files before = files_now();
+    const Texts before = files_now();
     const char* const* accepted = std::find_if(std::begin(kCommonValues), std::end(kCommonValues), [&](auto value) {
       const bool taken = set_once(row.handler, value).result == 0;
       Changed(before, files_now()).judge_and_restore();

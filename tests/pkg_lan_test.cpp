@@ -73,7 +73,7 @@ TEST_F(DhcpServer, ChangesRunTheVerifyScriptAndHeedItsVerdict) {
                  {handler, value, kRefused, refused, exits(0)}});
   }
   // A command that would be cut is not run, and an address outside the LAN never reaches the script.
-  expect_sets({{LAN(DNSServers), std::string(2000, '1'), kRefused, {logs("FTSDSS.\n")}},
+  expect_sets({{LAN(DNSServers), std::string(5000, '1'), kRefused, {logs("FTSDSS.\n")}},
                {LAN(MinAddress), "10.0.0.1", kRefused, {logs("FTSSIAD.\n")}},
                {LAN(MinAddress), "192.168.1.050", kRefused, {logs("mal format ip\n")}},
                {LAN(MaxAddress), "10.0.0.1", kRefused, {logs("FTSEIAD.\n")}},

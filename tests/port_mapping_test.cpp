@@ -87,7 +87,7 @@ TEST_F(PortMapping, ValuesAreCheckedBeforeAnythingElse) {
     for (const char* value : {"0", "65535", "4294967376"}) expect_sets({{port, value, kRefused, {}, no_firewall}});
   expect_sets({{NAT(Protocol), "tcpudp", kRefused, {}, no_firewall},
                {NAT(InternalClient), "10.0.0.9 ", kRefused, {logs("mal format ip\n")}, no_firewall},
-               {NAT(Description), std::string(2000, 'x'), kRefused}});  // the command would be cut
+               {NAT(Description), std::string(5000, 'x'), kRefused}});  // the command would be cut
 }
 
 }  // namespace

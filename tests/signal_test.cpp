@@ -65,7 +65,7 @@ class Signals : public DeviceTest {
   }
 
   static std::vector<Outcome> set_all() {
-    const DeviceState before;
+    const seam::Snapshot before = seam::Snapshot::of_lab();
     std::vector<Outcome> outcomes;
     for (const Row& row : kCatalogue) {
       if (row.access == Access::READ_WRITE) outcomes.push_back(set(row.handler, "1", kFirstRow));

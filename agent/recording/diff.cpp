@@ -6,6 +6,7 @@
 #include "commands.hpp"
 #include "recording/reading.hpp"
 #include "recording/replay.hpp"
+#include "seam/paths.hpp"
 
 namespace kovadm {
 namespace {
@@ -33,19 +34,16 @@ class Device {
   const std::vector<Reading>& readings() const { return readings_; }
 
   void read(const std::vector<std::string>& prefixes, Output& output) {
-    const PlatformInUse in_use(platform_);
+    const seam::InUse in_use(platform_);
     readings_ = read_all(agent_, prefixes, output, nullptr);
   }
 
   // The stores as they are now; gets may have made some of them.
-  Snapshot snapshot() {
-    const PlatformInUse in_use(platform_);
-    return {};
-  }
+  seam::Texts stores() const { return seam::kept_files(platform_); }
 
-  Trace trace_of(const Parameter& parameter) {
-    const PlatformInUse in_use(platform_);
-    return trace([&] { agent_.get(parameter); });
+  seam::Trace trace_of(const Parameter& parameter) {
+    const seam::InUse in_use(platform_);
+    return seam::trace([&] { agent_.get(parameter); });
   }
 
  private:
@@ -74,11 +72,11 @@ void for_each_difference(const Map& some, const Map& others, Add add) {
 
 // As explanations name options.
 void add_options(Device& a, Device& b, std::vector<Cause>& causes) {
-  const Snapshot before = a.snapshot();
-  for (const Change& change : b.snapshot().changes_since(before, before)) {
+  const seam::Texts before = a.stores();
+  for (const Change& change : changes(before, b.stores(), before)) {
     if (change.store == "store") causes.push_back({"option", change.path, change.before, change.after, ""});
     if (change.store == "state")
-      causes.push_back({"option", "/tmp/tr069/" + change.path, change.before, change.after, ""});
+      causes.push_back({"option", seam::kStateFiles + ("/" + change.path), change.before, change.after, ""});
     if (change.store == "file") causes.push_back({"file", change.path, change.before, change.after, ""});
   }
 }
@@ -124,7 +122,7 @@ bool begins_with(const std::string& text, const std::string& start, char end) {
   return text.starts_with(start) && (text.size() == start.size() || text[start.size()] == end);
 }
 
-bool depends_on(const Trace& trace, const Cause& cause) {
+bool depends_on(const seam::Trace& trace, const Cause& cause) {
   const auto any = [](const auto& list, auto test) { return std::any_of(list.begin(), list.end(), test); };
   if (cause.kind == "command") return any(trace.commands, [&](auto& command) { return command == cause.name; });
   if (cause.kind == "file") return any(trace.files, [&](auto& file) { return file.path == cause.name; });
@@ -162,12 +160,12 @@ std::vector<Pair> pairs_of(const Device& a, const Device& b) {
 }
 
 std::vector<Cause> causes_of(const Pair& pair, Device& a, Device& b, const std::vector<Cause>& all) {
-  std::vector<Trace> traces;
+  std::vector<seam::Trace> traces;
   if (pair.a != nullptr) traces.push_back(a.trace_of(pair.parameter()));
   if (pair.b != nullptr) traces.push_back(b.trace_of(pair.parameter()));
   std::vector<Cause> causes;
   for (const Cause& cause : all) {
-    if (std::any_of(traces.begin(), traces.end(), [&](const Trace& trace) { return depends_on(trace, cause); }))
+    if (std::any_of(traces.begin(), traces.end(), [&](const seam::Trace& trace) { return depends_on(trace, cause); }))
       causes.push_back(cause);
   }
   return causes;

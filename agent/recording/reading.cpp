@@ -14,7 +14,7 @@ std::optional<std::string> read(Agent& agent, const Parameter& parameter) {
 
 std::optional<std::string> read_secret(Agent& agent, const Parameter& parameter, Secrets& secrets) {
   std::optional<std::string> value;
-  const Trace observed = trace([&] { value = read(agent, parameter); });
+  const seam::Trace observed = seam::trace([&] { value = read(agent, parameter); });
   secrets.note(observed, value.value_or(""));
   return value;
 }

@@ -61,7 +61,7 @@ std::size_t make_recording(Agent& agent, Recording& recording, std::set<std::str
   recording.time = now();
   recording.agent = agent.fields();
   RecordedPlatform platform(recording, RecordedPlatform::Source::MACHINE);
-  const PlatformInUse in_use(platform);
+  const seam::InUse in_use(platform);
   Secrets secrets;
   const std::size_t count =
       read_all(agent, recording.prefixes, output, recording.with_secrets ? nullptr : &secrets).size();

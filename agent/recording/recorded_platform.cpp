@@ -8,11 +8,11 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "caught_output.hpp"
 #include "processes.hpp"
 #include "recording/bus_message.hpp"
-#include "recording/kept_files.hpp"
-#include "trace.hpp"
+#include "seam/caught_output.hpp"
+#include "seam/snapshot.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 namespace {
@@ -21,9 +21,6 @@ namespace fs = std::filesystem;
 
 // More of an output or a file is not kept.
 constexpr std::size_t kMost = 1024UL * 1024;
-
-constexpr char kMainStore[] = "/etc/config";
-constexpr char kPendingChanges[] = "/tmp/.uci";
 
 std::string read_to_end(FILE* file) {
   std::string text;
@@ -42,20 +39,22 @@ void write_all(int descriptor, const std::string& text) {
   }
 }
 
-// An open file that holds the text.
-FILE* stream_of(const std::string& text) {
+// An open file that holds the text; -1 for none.
+int descriptor_of(const std::string& text) {
   const int descriptor = memfd_create("recorded", MFD_CLOEXEC);
-  if (descriptor < 0) return nullptr;
+  if (descriptor < 0) return -1;
   write_all(descriptor, text);
   lseek(descriptor, 0, SEEK_SET);
-  return fdopen(descriptor, "r");
+  return descriptor;
 }
+
+FILE* stream_of(int descriptor) { return descriptor < 0 ? nullptr : fdopen(descriptor, "r"); }
 
 int wait_status(int exit_status) { return exit_status < 0 ? -1 : exit_status << 8; }
 
-FILE* not_there() {
+int not_there() {
   errno = ENOENT;
-  return nullptr;
+  return -1;
 }
 
 // ---- Asking the machine ----
@@ -63,35 +62,36 @@ FILE* not_there() {
 // Has the command run, and notes what that changed.
 template <typename Run>
 CommandAnswer watch(Run run) {
-  const KeptFiles before = read_kept_files();
+  const seam::Texts before = seam::kept_files(seam::machine());
   CommandAnswer answer;
   run(answer);
-  answer.changed = changes(before, read_kept_files());
+  for (const auto& [path, ignored, after] : seam::differences(before, seam::kept_files(seam::machine())))
+    answer.changed[path] = after;
   return answer;
 }
 
 CommandAnswer ask_for_output(const std::string& command) {
   return watch([&](CommandAnswer& answer) {
-    FILE* pipe = machine().open_pipe(command.c_str(), "re");
+    FILE* pipe = seam::machine().popen(command.c_str(), "re");
     if (pipe == nullptr) {
       answer.status = -1;
       return;
     }
     answer.output = read_to_end(pipe);
-    answer.status = exit_status(machine().close_pipe(pipe));
+    answer.status = exit_status(seam::machine().pclose(pipe));
   });
 }
 
 CommandAnswer ask_to_run(const std::string& command) {
   return watch([&](CommandAnswer& answer) {
-    CaughtOutput output({STDOUT_FILENO});
-    answer.status = exit_status(machine().run(command.c_str()));
+    seam::CaughtOutput output({STDOUT_FILENO});
+    answer.status = exit_status(seam::machine().system(command.c_str()));
     answer.output = output.take();
   });
 }
 
-std::optional<std::string> read_file(const char* path) {
-  FILE* file = machine().open_file(path, "re");
+std::optional<std::string> read_from_machine(const char* path) {
+  FILE* file = seam::machine().fopen(path, "re");
   if (file == nullptr) return std::nullopt;
   std::string text = read_to_end(file);
   std::fclose(file);
@@ -106,41 +106,50 @@ void take_reply(ubus_request* request, int /*type*/, blob_attr* reply) {
 template <typename Ask>
 BusAnswer with_bus(Ask ask) {
   BusAnswer answer;
-  ubus_context* bus = machine().connect(nullptr);
+  ubus_context* bus = seam::machine().ubus_connect(nullptr);
   if (bus == nullptr) return {-1, {}};
   ask(bus, answer);
-  machine().disconnect(bus);
+  seam::machine().ubus_free(bus);
   return answer;
 }
 
 BusAnswer look_up_object(const std::string& object) {
   return with_bus([&](ubus_context* bus, BusAnswer& answer) {
     uint32_t id = 0;
-    answer.status = machine().look_up(bus, object.c_str(), &id);
+    answer.status = seam::machine().ubus_lookup_id(bus, object.c_str(), &id);
   });
 }
 
 BusAnswer invoke_method(const std::string& object, const char* method, blob_attr* message, int timeout) {
   return with_bus([&](ubus_context* bus, BusAnswer& answer) {
     uint32_t id = 0;
-    answer.status = machine().look_up(bus, object.c_str(), &id);
-    if (answer.status == 0) answer.status = machine().invoke(bus, id, method, message, take_reply, &answer, timeout);
+    answer.status = seam::machine().ubus_lookup_id(bus, object.c_str(), &id);
+    if (answer.status == 0)
+      answer.status = seam::machine().ubus_invoke_fd(bus, id, method, message, take_reply, &answer, timeout, -1);
   });
 }
 
 }  // namespace
 
 RecordedPlatform::RecordedPlatform(Recording& recording, Source source, std::function<void(const std::string&)> missing)
-    : recording_(recording), source_(source), missing_(std::move(missing)) {
-  if (source_ == Source::MACHINE) recording_.directories = read_kept_files();
+    : Placed(path()), recording_(recording), source_(source), missing_(std::move(missing)) {
+  if (source_ == Source::MACHINE) read_directories();
   write_files();
+}
+
+void RecordedPlatform::read_directories() {
+  for (const char* directory : seam::kKeptDirectories) {
+    if (fs::is_directory(directory)) recording_.directories[directory];
+  }
+  for (const auto& [path, text] : seam::kept_files(seam::machine()))
+    recording_.directories[fs::path(path).parent_path()][fs::path(path).filename()] = text;
 }
 
 void RecordedPlatform::write_files() const {
   for (const char* parent : {"/etc", "/tmp", "/var"}) fs::create_directory(place(parent));
   for (const auto& [directory, files] : recording_.directories) {
     fs::create_directory(place(directory));
-    for (const auto& [name, text] : files) write_file(place(file_in(directory, name)), text);
+    for (const auto& [name, text] : files) seam::write_file(place(file_in(directory, name)), text);
   }
 }
 
@@ -168,29 +177,29 @@ void RecordedPlatform::apply(const CommandAnswer& answer) const {
   for (const auto& [path, text] : answer.changed) {
     if (text) {
       fs::create_directory(fs::path(place(path)).parent_path(), ignored);
-      write_file(place(path), *text);
+      seam::write_file(place(path), *text);
     } else {
       fs::remove(place(path), ignored);
     }
   }
 }
 
-FILE* RecordedPlatform::open_pipe(const char* command, const char* /*mode*/) {
+FILE* RecordedPlatform::popen(const char* command, const char* /*mode*/) {
   const CommandAnswer* answered = answer(command, ask_for_output);
-  if (answered == nullptr || answered->status < 0) return not_there();
-  FILE* pipe = stream_of(answered->output);
+  if (answered == nullptr || answered->status < 0) return not_there(), nullptr;
+  FILE* pipe = stream_of(descriptor_of(answered->output));
   if (pipe != nullptr) pipes_[pipe] = wait_status(answered->status);
   return pipe;
 }
 
-int RecordedPlatform::close_pipe(FILE* pipe) {
+int RecordedPlatform::pclose(FILE* pipe) {
   const int status = pipes_[pipe];
   pipes_.erase(pipe);
   std::fclose(pipe);
   return status;
 }
 
-int RecordedPlatform::run(const char* command) {
+int RecordedPlatform::system(const char* command) {
   const CommandAnswer* answered = answer(command, ask_to_run);
   if (answered == nullptr) return -1;
   std::fflush(nullptr);
@@ -200,52 +209,48 @@ int RecordedPlatform::run(const char* command) {
 
 // ---- Files ----
 
-FILE* RecordedPlatform::open_file(const char* path, const char* mode) {
-  if (is_in_kept_directory(path)) return Platform::open_file(place(path).c_str(), mode);
-  if (*mode != 'r') {
+// One that is not among those of the kept directories.
+int RecordedPlatform::open_recorded(const char* path, bool writes) {
+  if (writes) {
     if (missing_) missing_("file to be written " + std::string(path));
     return not_there();
   }
   auto found = recording_.files.find(path);
   if (found == recording_.files.end()) {
     if (!asks_machine("file " + std::string(path))) return not_there();
-    found = recording_.files.emplace(path, read_file(path)).first;
+    found = recording_.files.emplace(path, read_from_machine(path)).first;
   }
-  return found->second ? stream_of(*found->second) : not_there();
+  return found->second ? descriptor_of(*found->second) : not_there();
 }
 
-int RecordedPlatform::test_file(const char* path, int mode) {
-  if (is_in_kept_directory(path) || is_kept_directory(path)) return Platform::test_file(place(path).c_str(), mode);
+FILE* RecordedPlatform::fopen(const char* path, const char* mode) {
+  return is_in_kept_directory(path) ? Placed::fopen(path, mode) : stream_of(open_recorded(path, *mode != 'r'));
+}
+
+int RecordedPlatform::open(const char* path, int flags, mode_t mode) {
+  if (path == std::string_view("/dev/null")) return seam::machine().open(path, flags, mode);
+  if (is_in_kept_directory(path) || is_kept_directory(path)) return Placed::open(path, flags, mode);
+  return open_recorded(path, (flags & O_ACCMODE) != O_RDONLY);
+}
+
+int RecordedPlatform::access(const char* path, int mode) {
+  if (is_in_kept_directory(path) || is_kept_directory(path) || path == std::string_view(seam::kDebugFile))
+    return Placed::access(path, mode);
   auto found = recording_.tested.find(path);
   if (found == recording_.tested.end()) {
     const bool known = asks_machine("file " + std::string(path));
-    if (known) found = recording_.tested.emplace(path, Platform::test_file(path, mode) == 0).first;
+    if (known) found = recording_.tested.emplace(path, seam::machine().access(path, mode) == 0).first;
   }
-  if (found != recording_.tested.end() && found->second) return 0;
-  errno = ENOENT;
-  return -1;
+  return found != recording_.tested.end() && found->second ? 0 : not_there();
 }
 
-void RecordedPlatform::log(int priority, const char* format, va_list arguments) {
-  if (source_ == Source::MACHINE) Platform::log(priority, format, arguments);
+// A recording has all the room of the world, not that of another machine's disk.
+int RecordedPlatform::statfs(const char* path, struct statfs* status) {
+  return source_ == Source::MACHINE ? seam::machine().statfs(path, status) : not_there();
 }
 
-// ---- Configuration ----
-
-uci_context* RecordedPlatform::open_store() {
-  uci_context* context = Platform::open_store();
-  if (context == nullptr) return nullptr;
-  set_store_directory(context, kMainStore);
-  set_change_directory(context, kPendingChanges);
-  return context;
-}
-
-int RecordedPlatform::set_store_directory(uci_context* context, const char* directory) {
-  return Platform::set_store_directory(context, place(directory).c_str());
-}
-
-int RecordedPlatform::set_change_directory(uci_context* context, const char* directory) {
-  return Platform::set_change_directory(context, place(directory).c_str());
+void RecordedPlatform::vsyslog(int priority, const char* format, va_list arguments) {
+  if (source_ == Source::MACHINE) Platform::vsyslog(priority, format, arguments);
 }
 
 // ---- Bus ----
@@ -257,15 +262,15 @@ const BusAnswer* RecordedPlatform::bus_answer(const std::string& call, const std
   return &(recording_.bus[call] = ask());
 }
 
-ubus_context* RecordedPlatform::connect(const char* /*path*/) {
+ubus_context* RecordedPlatform::ubus_connect(const char* /*socket*/) {
   const BusAnswer* way = bus_answer(kBusConnection, [] { return with_bus([](auto&&...) {}); });
   if (way == nullptr || way->status != 0) return nullptr;
   return reinterpret_cast<ubus_context*>(this);  // which nobody looks into
 }
 
-void RecordedPlatform::disconnect(ubus_context* /*bus*/) {}
+void RecordedPlatform::ubus_free(ubus_context* /*bus*/) {}
 
-int RecordedPlatform::look_up(ubus_context* /*bus*/, const char* object, uint32_t* id) {
+int RecordedPlatform::ubus_lookup_id(ubus_context* /*bus*/, const char* object, uint32_t* id) {
   const BusAnswer* answered = bus_answer(object, [&] { return look_up_object(object); });
   if (answered == nullptr) return UBUS_STATUS_NOT_FOUND;
   if (answered->status != 0) return answered->status;
@@ -275,14 +280,14 @@ int RecordedPlatform::look_up(ubus_context* /*bus*/, const char* object, uint32_
   return 0;
 }
 
-int RecordedPlatform::invoke(ubus_context* /*bus*/, uint32_t id, const char* method, blob_attr* asked,
-                             ubus_data_handler_t handler, void* handler_context, int timeout) {
+int RecordedPlatform::ubus_invoke_fd(ubus_context* /*bus*/, uint32_t id, const char* method, blob_attr* asked,
+                                     ubus_data_handler_t handler, void* context, int timeout, int /*file*/) {
   const std::string& object = objects_.at(id - 1);
-  const BusAnswer* answered = bus_answer(object + " " + method + message_text(asked),
+  const BusAnswer* answered = bus_answer(object + " " + method + seam::message_text(asked),
                                          [&] { return invoke_method(object, method, asked, timeout); });
   if (answered == nullptr) return UBUS_STATUS_METHOD_NOT_FOUND;
   ubus_request request = {};
-  request.priv = handler_context;
+  request.priv = context;
   for (const nlohmann::ordered_json& reply : answered->replies) {
     const BusMessage message(reply);
     handler(&request, UBUS_MSG_DATA, message.get());

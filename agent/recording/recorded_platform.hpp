@@ -5,13 +5,13 @@
 #include <map>
 #include <string>
 
-#include "platform.hpp"
 #include "recording/recording.hpp"
-#include "recording/work_directory.hpp"
+#include "seam/placed.hpp"
+#include "seam/work_directory.hpp"
 
 namespace kovadm {
 
-class RecordedPlatform final : public Platform {
+class RecordedPlatform final : private seam::WorkDirectory, public seam::Placed {
  public:
   // What the recording has no answer for: the machine is asked, and its answer added; every question has one answer
   // for the whole of a recording.
@@ -20,37 +20,34 @@ class RecordedPlatform final : public Platform {
   // With Source::RECORDING what has no answer counts as failing, and `missing` is told what that is.
   RecordedPlatform(Recording& recording, Source source, std::function<void(const std::string&)> missing = {});
 
-  std::string place(const std::string& path) const override { return directory_.path() + path; }
+  FILE* popen(const char* command, const char* mode) override;
+  int pclose(FILE* pipe) override;
+  int system(const char* command) override;
 
-  FILE* open_pipe(const char* command, const char* mode) override;
-  int close_pipe(FILE* pipe) override;
-  int run(const char* command) override;
+  FILE* fopen(const char* path, const char* mode) override;
+  int open(const char* path, int flags, mode_t mode) override;
+  int access(const char* path, int mode) override;
+  int statfs(const char* path, struct statfs* status) override;
+  void vsyslog(int priority, const char* format, va_list arguments) override;
 
-  FILE* open_file(const char* path, const char* mode) override;
-  int test_file(const char* path, int mode) override;
-  void log(int priority, const char* format, va_list arguments) override;
-
-  uci_context* open_store() override;
-  int set_store_directory(uci_context* context, const char* directory) override;
-  int set_change_directory(uci_context* context, const char* directory) override;
-
-  ubus_context* connect(const char* path) override;
-  void disconnect(ubus_context* bus) override;
-  int look_up(ubus_context* bus, const char* object, uint32_t* id) override;
-  int invoke(ubus_context* bus, uint32_t id, const char* method, blob_attr* asked, ubus_data_handler_t handler,
-             void* handler_context, int timeout) override;
+  ubus_context* ubus_connect(const char* socket) override;
+  void ubus_free(ubus_context* bus) override;
+  int ubus_lookup_id(ubus_context* bus, const char* object, uint32_t* id) override;
+  int ubus_invoke_fd(ubus_context* bus, uint32_t id, const char* method, blob_attr* asked, ubus_data_handler_t handler,
+                     void* context, int timeout, int file) override;
 
  private:
   const CommandAnswer* answer(const std::string& command, CommandAnswer (*ask)(const std::string& command));
   const BusAnswer* bus_answer(const std::string& call, const std::function<BusAnswer()>& ask);
+  void read_directories();
   void write_files() const;
   void apply(const CommandAnswer& answer) const;
   bool asks_machine(const std::string& what) const;
+  int open_recorded(const char* path, bool writes);
 
   Recording& recording_;
   Source source_;
   std::function<void(const std::string&)> missing_;
-  WorkDirectory directory_;
   std::map<FILE*, int> pipes_;        // the exit statuses of their commands
   std::vector<std::string> objects_;  // of the bus; identified by number, from 1
 };

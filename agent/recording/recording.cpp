@@ -7,6 +7,7 @@
 
 #include "recording/bus_message.hpp"
 #include "recording/bytes_json.hpp"
+#include "seam/paths.hpp"
 
 namespace kovadm {
 namespace {
@@ -170,7 +171,7 @@ std::string file_in(const std::string& directory, const std::string& name) {
 }
 
 bool is_kept_directory(const std::string& path) {
-  return std::find(std::begin(kKeptDirectories), std::end(kKeptDirectories), path) != std::end(kKeptDirectories);
+  return std::ranges::find(seam::kKeptDirectories, path) != std::end(seam::kKeptDirectories);
 }
 
 bool is_in_kept_directory(const std::string& path) {

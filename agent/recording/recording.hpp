@@ -10,13 +10,8 @@
 
 namespace kovadm {
 
-// The directories that are kept whole, as they were when the recording began.
-inline constexpr const char* kKeptDirectories[] = {
-    "/etc/config", "/etc/profile.d", "/tmp/.uci",  "/tmp/cwmp-config", "/tmp/cwmp-config-force",
-    "/tmp/diag",   "/tmp/tr069",     "/var/state",
-};
-
-// Whether `path` is a file directly in one of them, or one of them.
+// The directories of which all files are kept, as they were when the recording began: whether `path` is a file directly
+// in one of them, or one of them.
 bool is_in_kept_directory(const std::string& path);
 bool is_kept_directory(const std::string& path);
 

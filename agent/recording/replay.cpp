@@ -27,7 +27,7 @@ void remove_secrets(Agent& agent, Recording& recording, Output& output) {
   Secrets secrets;
   {
     RecordedPlatform platform(recording, RecordedPlatform::Source::RECORDING);
-    const PlatformInUse in_use(platform);
+    const seam::InUse in_use(platform);
     read_all(agent, recording.prefixes, output, &secrets);
   }
   secrets.replace_in(recording);

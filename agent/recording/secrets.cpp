@@ -4,6 +4,7 @@
 #include <regex>
 
 #include "recording/uci_text.hpp"
+#include "seam/paths.hpp"
 
 namespace kovadm {
 namespace {
@@ -12,8 +13,6 @@ using Json = nlohmann::ordered_json;
 
 // Shorter ones are words that stand for something else, too.
 constexpr std::size_t kTellingLength = 8;
-
-constexpr char kMainStore[] = "/etc/config/";
 
 // What options and fields are called that hold secrets.
 bool is_secret_name(const std::string& name) {
@@ -26,7 +25,7 @@ bool is_secret_name(const std::string& name) {
 
 // "/etc/config/network" is "network", as paths of options have it.
 std::string package_of(const std::string& file) {
-  return file.starts_with(kMainStore) ? file.substr(sizeof kMainStore - 1) : file;
+  return file.starts_with(seam::kMainStore) ? file.substr(sizeof seam::kMainStore) : file;
 }
 
 // "PACKAGE.SECTION.OPTION" as package and option; the package may be a file's path.
@@ -53,9 +52,9 @@ bool is_secret(const Parameter& parameter) {
   return parameter.row->type == Type::SECRET || std::regex_search(parameter.path, names);
 }
 
-void Secrets::note(const Trace& trace, const std::string& value) {
+void Secrets::note(const seam::Trace& trace, const std::string& value) {
   if (value.empty()) return;
-  for (const LookUp& look_up : trace.look_ups) {
+  for (const seam::LookUp& look_up : trace.look_ups) {
     if (look_up.value == value) options_.insert(package_and_option(look_up.path));
   }
   for (const std::string& command : trace.commands) outputs_[command].insert(value);

@@ -9,7 +9,7 @@
 
 #include "data_model.hpp"
 #include "recording/recording.hpp"
-#include "trace.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 
@@ -21,7 +21,7 @@ bool is_secret(const Parameter& parameter);
 class Secrets {
  public:
   // Takes for secret what one get of a secret parameter has read, when that is its value.
-  void note(const Trace& trace, const std::string& value);
+  void note(const seam::Trace& trace, const std::string& value);
 
   // Replaces the values of these, and of options that have a secret's name; elsewhere such values of at least eight
   // bytes. Empty values stay. Returns what was replaced, for people.

@@ -7,9 +7,10 @@
 
 #include "apply_mask.hpp"
 #include "changes.hpp"
-#include "device_files.hpp"
+#include "seam/paths.hpp"
+#include "seam/snapshot.hpp"
+#include "seam/trace.hpp"
 #include "task_records.hpp"
-#include "trace.hpp"
 #include "value_type.hpp"
 
 namespace kova::documents {
@@ -21,9 +22,9 @@ void run(const char* command) {
   if (std::system(command) != 0) throw std::runtime_error(std::string("failed: ") + command);
 }
 
-lab::DeviceFiles factory_files() {
+seam::Snapshot factory_files() {
   run("/sbin/lab-reset >/dev/null");
-  return {};
+  return seam::Snapshot::of_lab();
 }
 
 // Without what libuci makes up for the name of a section.
@@ -41,12 +42,12 @@ void add(std::vector<std::string>& texts, const std::string& text) {
   if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
 }
 
-std::vector<std::string> sources_of(const Trace& trace) {
+std::vector<std::string> sources_of(const seam::Trace& trace) {
   std::vector<std::string> sources;
-  for (const LookUp& look_up : trace.look_ups) add(sources, code(stable(look_up.path)));
+  for (const seam::LookUp& look_up : trace.look_ups) add(sources, code(stable(look_up.path)));
   for (const std::string& package : trace.walked_packages) add(sources, "sections of " + code(package));
   for (const std::string& command : trace.commands) add(sources, "command " + code(stable(command)));
-  for (const FileUse& file : trace.files) add(sources, "file " + code(file.path));
+  for (const seam::FileUse& file : trace.files) add(sources, "file " + code(file.path));
   for (const std::string& call : trace.bus_calls) add(sources, "bus " + code(call));
   return sources;
 }
@@ -54,26 +55,26 @@ std::vector<std::string> sources_of(const Trace& trace) {
 Commands set(Agent& agent, const Parameter& parameter, const std::string& value, uint32_t& mask) {
   const TaskRecords records;
   bool accepted = false;
-  const Trace seen = trace([&] { accepted = !agent.set(parameter, value, mask); });
+  const seam::Trace seen = seam::trace([&] { accepted = !agent.set(parameter, value, mask); });
   return {accepted, stable(seen.commands), stable(records.recorded_since())};
 }
 
 // Options and files by path, without the agent's copies, and without sections of which an option is there.
-std::vector<std::string> changed_paths(const std::vector<Change>& changes) {
+std::vector<std::string> changed_paths(const std::vector<Change>& all) {
   std::vector<std::string> paths;
-  for (const Change& change : changes) {
-    const bool is_told = std::any_of(changes.begin(), changes.end(), [&](const Change& other) {
+  for (const Change& change : all) {
+    const bool is_told = std::any_of(all.begin(), all.end(), [&](const Change& other) {
       return other.store == change.store && other.path.starts_with(change.path + ".");
     });
     if (is_told || change.store.ends_with("mirror")) continue;
-    add(paths, (change.store == "state" ? "/tmp/tr069/" : "") + stable(change.path));
+    add(paths, (change.store == "state" ? seam::kStateFiles + std::string("/") : "") + stable(change.path));
   }
   return paths;
 }
 
 // Of a set that was accepted, from factory state.
-Effects effects_of(const std::string& value, const Commands& commands, uint32_t mask, const Snapshot& factory) {
-  Effects effects = {value, commands, changed_paths(Snapshot().changes_since(factory, factory)), {}};
+Effects effects_of(const std::string& value, const Commands& commands, uint32_t mask, const seam::Texts& factory) {
+  Effects effects = {value, commands, changed_paths(changes(factory, seam::kept_files(), factory)), {}};
   for (const ApplyBit& bit : raised_bits(mask)) effects.bits.push_back(bit.name);
   return effects;
 }
@@ -116,7 +117,7 @@ Parameter at_instance(const Row& row, int number) {
 }
 
 void reset_router() {
-  static const lab::DeviceFiles factory = factory_files();
+  static const seam::Snapshot factory = factory_files();
   factory.restore();
 }
 
@@ -127,7 +128,7 @@ void make_results() {
 
 Reading read(Agent& agent, const Parameter& parameter) {
   std::variant<std::string, Fault> answer;
-  const Trace seen = trace([&] { answer = agent.get(parameter); });
+  const seam::Trace seen = seam::trace([&] { answer = agent.get(parameter); });
   const auto* value = std::get_if<std::string>(&answer);
   return {sources_of(seen), seen.commands, value != nullptr ? std::optional(*value) : std::nullopt};
 }
@@ -139,7 +140,7 @@ Commands set(Agent& agent, const Parameter& parameter, const std::string& value)
 
 std::optional<Effects> accepted_set(Agent& agent, const Row& row) {
   std::optional<Effects> accepted;
-  const Snapshot factory;
+  const seam::Texts factory = seam::kept_files();
   for (const int number : {1, 2}) {
     for (const std::string& text : accepted_texts()) {
       if (!is_of_type(text, row.type)) continue;

@@ -9,12 +9,8 @@ bool located(const Call& call, std::size_t position) {
   return false;
 }
 
-int write_iptv(const char* option, const char* value) {
-  return uci_raw_set_value(iptv.package, iptv.name, option, value);
-}
-
-int store_iptv(Call& call, const char* option, const char* value) {
-  return write_iptv(option, value) == SUCCESS ? SUCCESS : refuse(call, kNotStored);
+bool store_iptv(Call& call, const char* option, const char* value) {
+  return store_option(call, iptv, option, value, 0, kNotStored);
 }
 
 }  // namespace kova

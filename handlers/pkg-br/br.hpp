@@ -18,18 +18,7 @@ inline bool is_priority(const char* text) { return number_between(text, 0, 7); }
 // False, and logged, when the instance number at `position` is 0, which no row has.
 bool located(const Call& call, std::size_t position);
 
-// Writes an option of the service VLANs.
-int write_iptv(const char* option, const char* value);
-
-// The same, and logs a failure.
-int store_iptv(Call& call, const char* option, const char* value);
-
-// ---- Getters ----
-
-// An option of the main store; fails when it cannot be read.
-constexpr auto stored(Section section, const char* option) {
-  return [=](Call& call)
-             IN_CODE { return uci_raw_extract_value(section.package, section.name, option, call.output()); };
-}
+// Writes an option of the service VLANs; a failure is logged.
+bool store_iptv(Call& call, const char* option, const char* value);
 
 }  // namespace kova

@@ -10,9 +10,9 @@ namespace {
 
 using namespace kova;
 
-int number_of_bridges(Call& call) {
-  const Text<100> number = printed_line<100>("ifconfig | grep 'br-' | wc -l");
-  return number.empty() ? FAILURE : call.reply(number.c_str());
+bool number_of_bridges(Call& call) {
+  const Text<100> number = logged_first_line<100>("ifconfig | grep 'br-' | wc -l");
+  return number.empty() ? false : call.reply(number.c_str());
 }
 
 // ---- One bridge ----
@@ -26,15 +26,15 @@ using Members = Text<1024>;  // names of devices, joined with ","
 Device bridge_of(const Call& call) {
   Text<64> command;
   command.print("ifconfig | grep 'br-' | sed -n '%dp' | awk '{print$1}'", call.instance(kBridge));
-  return printed_line<Device::capacity()>(command.c_str());
+  return logged_first_line<Device::capacity()>(command.c_str());
 }
 
 Members members_of(const Device& bridge) {
   return device_status<Members::capacity()>(bridge.c_str(), DEVICE_BRIDGE_MEMBERS);
 }
 
-int number_of_ports(Call& call) {
-  if (!located(call, kBridge)) return FAILURE;
+bool number_of_ports(Call& call) {
+  if (!located(call, kBridge)) return false;
   Members members = members_of(bridge_of(call));
   int count = 0;
   char* rest = nullptr;
@@ -60,21 +60,21 @@ const char* port_of(const Call& call, Members& members) {
 // Lets `answer` reply for the port. Without the bridge the reply is another one, or none for nullptr; without the port
 // the output stays as it is.
 template <typename Answer>
-int reply_for_port(Call& call, const char* without_bridge, const Answer& answer) {
-  if (!located(call, kBridge) || !located(call, kPort)) return FAILURE;
+bool reply_for_port(Call& call, const char* without_bridge, const Answer& answer) {
+  if (!located(call, kBridge) || !located(call, kPort)) return false;
   const Device bridge = bridge_of(call);
-  if (bridge.empty()) return without_bridge != nullptr ? call.reply(without_bridge) : SUCCESS;
+  if (bridge.empty()) return without_bridge == nullptr || call.reply(without_bridge);
   Members members = members_of(bridge);
   const char* port = port_of(call, members);
-  return port != nullptr ? answer(call, port) : SUCCESS;
+  return port == nullptr || answer(call, port);
 }
 
-int reply_name(Call& call, const char* port) { return call.reply(port); }
+bool reply_name(Call& call, const char* port) { return call.reply(port); }
 
-int reply_status(Call& call, const char* port) {
+bool reply_status(Call& call, const char* port) {
   Text<Members::capacity() + 64> command;
   command.print(kUpCommand, port);
-  return call.reply(is_up(printed_line<100>(command.c_str()).c_str()) ? "Up" : "Down");
+  return call.reply(is_up(logged_first_line<100>(command.c_str()).c_str()) ? "Up" : "Down");
 }
 
 // The number of the Wi-Fi network that has this interface; -1 when none has.
@@ -83,56 +83,55 @@ int wifi_ifname_to_ssidNum(const char* ifname) {
   for (const char* network : {"wlan00", "wlan10", "wlan02", "wlan12"}) {
     ++number;
     Text<128> own;
-    if (read_option({"wireless", network}, "ifname", own.span()) == SUCCESS && own == ifname) return number;
+    if (read_option({"wireless", network}, "ifname", own.span()) && own == ifname) return number;
   }
   return -1;
 }
 
 // All Ethernet ports are the LAN's one interface.
-int reply_lower_layers(Call& call, const char* port) {
+bool reply_lower_layers(Call& call, const char* port) {
   if (strstr(port, "eth") != nullptr) return call.reply("Ethernet.Interface.2");
   const int network = wifi_ifname_to_ssidNum(port);
-  if (network == -1) return SUCCESS;
+  if (network == -1) return true;
   Text<32> reference;
   reference.print("WiFi.SSID.%d", network);
   return call.reply(reference.c_str());
 }
 
-int reply_counter(Call& call, const char* port, bus_status_query counter) {
+bool reply_counter(Call& call, const char* port, bus_status_query counter) {
   const Text<64> count = device_status<64>(port, counter);
-  return count.empty() ? SUCCESS : call.reply(count.c_str());
+  return count.empty() || call.reply(count.c_str());
 }
 
-constexpr auto of_port(int (*answer)(Call&, const char*), const char* without_bridge) {
-  return [=](Call& call) IN_CODE { return reply_for_port(call, without_bridge, answer); };
+constexpr auto of_port(bool (*answer)(Call&, const char*), const char* without_bridge) {
+  return [=](Call& call) { return reply_for_port(call, without_bridge, answer); };
 }
 
 constexpr auto bridge_port_stats(bus_status_query counter) {
-  return [=](Call& call) IN_CODE {
-    return reply_for_port(call, "",
-                          [=](Call& of, const char* port) IN_CODE { return reply_counter(of, port, counter); });
+  return [=](Call& call) {
+    return reply_for_port(call, "", [=](Call& of, const char* port) { return reply_counter(of, port, counter); });
   };
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(Bridging_MaxBridgeEntries,                 number_of_bridges,                    read_only)
-PARAMETER(Bridging_BridgeNumberOfEntries,            number_of_bridges,                    read_only)
-PARAMETER(Bridging_MaxVLANEntries,                   constant("3"),                        read_only)
+PARAMETER(Bridging_MaxBridgeEntries,      number_of_bridges, read_only)
+PARAMETER(Bridging_BridgeNumberOfEntries, number_of_bridges, read_only)
+PARAMETER(Bridging_MaxVLANEntries,        constant("3"),     read_only)
 
-PARAMETER(Bridging_Bridge_Enable,                    constant("1"),                        read_only)
-PARAMETER(Bridging_Bridge_Status,                    constant("Enabled"),                  read_only)
-PARAMETER(Bridging_Bridge_PortNumberOfEntries,       number_of_ports,                      read_only)
+PARAMETER(Bridging_Bridge_Enable,              constant("1"),       read_only)
+PARAMETER(Bridging_Bridge_Status,              constant("Enabled"), read_only)
+PARAMETER(Bridging_Bridge_PortNumberOfEntries, number_of_ports,     read_only)
 
-PARAMETER(Bridging_Bridge_Port_Enable,               constant("1"),                        read_only)
-PARAMETER(Bridging_Bridge_Port_Name,                 of_port(reply_name, ""),              read_only)
-PARAMETER(Bridging_Bridge_Port_Status,               of_port(reply_status, "Down"),        read_only)
-PARAMETER(Bridging_Bridge_Port_LowerLayers,          of_port(reply_lower_layers, nullptr), read_only)
-PARAMETER(Bridging_Bridge_Port_Stats_BytesSent,      bridge_port_stats(DEVICE_TX_BYTES),   read_only)
-PARAMETER(Bridging_Bridge_Port_Stats_BytesReceived,  bridge_port_stats(DEVICE_RX_BYTES),   read_only)
-PARAMETER(Bridging_Bridge_Port_Stats_PacketsSent,    bridge_port_stats(DEVICE_TX_PACKETS), read_only)
+PARAMETER(Bridging_Bridge_Port_Enable,                constant("1"),                        read_only)
+PARAMETER(Bridging_Bridge_Port_Name,                  of_port(reply_name, ""),              read_only)
+PARAMETER(Bridging_Bridge_Port_Status,                of_port(reply_status, "Down"),        read_only)
+PARAMETER(Bridging_Bridge_Port_LowerLayers,           of_port(reply_lower_layers, nullptr), read_only)
+PARAMETER(Bridging_Bridge_Port_Stats_BytesSent,       bridge_port_stats(DEVICE_TX_BYTES),   read_only)
+PARAMETER(Bridging_Bridge_Port_Stats_BytesReceived,   bridge_port_stats(DEVICE_RX_BYTES),   read_only)
+PARAMETER(Bridging_Bridge_Port_Stats_PacketsSent,     bridge_port_stats(DEVICE_TX_PACKETS), read_only)
 PARAMETER(Bridging_Bridge_Port_Stats_PacketsReceived, bridge_port_stats(DEVICE_RX_PACKETS), read_only)
-PARAMETER(Bridging_Bridge_Port_Stats_ErrorsSent,     bridge_port_stats(DEVICE_TX_ERRORS),  read_only)
-PARAMETER(Bridging_Bridge_Port_Stats_ErrorsReceived, bridge_port_stats(DEVICE_RX_ERRORS),  read_only)
+PARAMETER(Bridging_Bridge_Port_Stats_ErrorsSent,      bridge_port_stats(DEVICE_TX_ERRORS),  read_only)
+PARAMETER(Bridging_Bridge_Port_Stats_ErrorsReceived,  bridge_port_stats(DEVICE_RX_ERRORS),  read_only)
 // clang-format on

@@ -14,66 +14,66 @@ bool is_text(const char* text, const char* wanted) { return strcasecmp(text, wan
 
 // ---- The service VLANs ----
 
-int reply_is_one(Call& call, const char* option) { return call.reply(option_is(iptv, option, "1") ? "1" : "0"); }
+bool reply_is_one(Call& call, const char* option) { return call.reply(option_is(iptv, option, "1") ? "1" : "0"); }
 
-int set_enabled(Call& call) {
+bool set_enabled(Call& call) {
   if (!call.value_is("0") && !call.value_is("1")) {
     LOG("Invalid param\n");
-    return FAILURE;
+    return false;
   }
-  if (VerifyCommand(kVerifyQuoted, "iptv_vlan_enable", call.value()).run_unjudged() != SUCCESS) return FAILURE;
+  if (!VerifyCommand(kVerifyQuoted, "iptv_vlan_enable", call.value()).run_unjudged()) return false;
   return call.mark(APPLY_ROUTES);
 }
 
-int set_mode(Call& call) {
+bool set_mode(Call& call) {
   if (is_text(call.value(), "custom") || is_text(call.value(), "bridge")) return store_iptv(call, "mode", call.value());
   LOG("Unknown mode\n");
-  return FAILURE;
+  return false;
 }
 
 // Untagged is an empty text.
-int set_internet_tag(Call& call) {
+bool set_internet_tag(Call& call) {
   if (call.value_is("0")) return store_iptv(call, "inet_tag", "");
   if (call.value_is("1")) return store_iptv(call, "inet_tag", "1");
   LOG(" Unknown tag mode.\n");
-  return FAILURE;
+  return false;
 }
 
-int store_fitting(Call& call, const char* option, bool (*fits)(const char*)) {
-  return fits(call.value()) ? store_iptv(call, option, call.value()) : FAILURE;
+bool store_fitting(Call& call, const char* option, bool (*fits)(const char*)) {
+  return fits(call.value()) && store_iptv(call, option, call.value());
 }
 
 constexpr auto is_one(const char* option) {
-  return [=](Call& call) IN_CODE { return reply_is_one(call, option); };
+  return [=](Call& call) { return reply_is_one(call, option); };
 }
 
 constexpr auto store_vlan_id(const char* option) {
-  return [=](Call& call) IN_CODE { return store_fitting(call, option, is_vlan_id); };
+  return [=](Call& call) { return store_fitting(call, option, is_vlan_id); };
 }
 
 constexpr auto store_priority(const char* option) {
-  return [=](Call& call) IN_CODE { return store_fitting(call, option, is_priority); };
+  return [=](Call& call) { return store_fitting(call, option, is_priority); };
 }
 
 // ---- The LAN ports: the instance number is the port's ----
 
 constexpr std::size_t kPort = 0;
 
-int number_of_ports(Call& call) {
+bool number_of_ports(Call& call) {
   static constexpr Section info{"cwmp", "info"};
   Text<32> number;
-  if (read_option(info, "lanport_num", number.span()) != SUCCESS) return call.reply("4");
-  if (leading_integer(number.c_str()) <= 0) return FAILURE;
+  if (!read_option(info, "lanport_num", number.span())) return call.reply("4");
+  if (leading_number(number.c_str()) <= 0) return false;
   return reply_option(call, info, "lanport_num", "4");
 }
 
-int port_service(Call& call) {
-  if (!located(call, kPort)) return FAILURE;
+bool port_service(Call& call) {
+  if (!located(call, kPort)) return false;
   VerifyCommand("%s %s ", "iptv_type_LAN_read").run_unjudged();
   const long long port = call.instance(kPort);
   Text<512> command;
   command.print("cat /tmp/laninfo |  awk '{print $%lld}'", 2 * port);
-  const Text<100> service = printed_line<100>(command.c_str());
+  const Text<100> service = logged_first_line<100>(command.c_str());
   if (service.empty()) LOG("GILTF %lld.\n", port + 1);
   return reply_or(call, is_text(service.c_str(), "inet") ? "Internet" : service.c_str(), "UNKOWN");
 }
@@ -88,29 +88,29 @@ const char* service_type(const char* service) {
     return nullptr;
   }
   Text<8> mode;
-  if (read_option(iptv, "mode", mode.span()) != SUCCESS) return nullptr;
+  if (!read_option(iptv, "mode", mode.span())) return nullptr;
   return is_text(mode.c_str(), "bridge") ? "iptv" : "voip";
 }
 
-int set_port_service(Call& call) {
-  if (!located(call, kPort)) return FAILURE;
+bool set_port_service(Call& call) {
+  if (!located(call, kPort)) return false;
   const char* type = service_type(call.value());
-  if (type == nullptr) return FAILURE;
+  if (type == nullptr) return false;
   return VerifyCommand(R"(%s %s lan%d "%s")", "iptv_type_LAN_set", call.instance(kPort), type).run_unjudged();
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(X_KOVA_IPTV_Enable,   is_one("enabled"),         set_enabled)
-PARAMETER(X_KOVA_IPTV_Mode,     stored(iptv, "mode"),      set_mode)
-PARAMETER(X_KOVA_IPTV_INETTAG,  is_one("inet_tag"),        set_internet_tag)
-PARAMETER(X_KOVA_IPTV_INETVID,  stored(iptv, "inet_vlan"), store_vlan_id("inet_vlan"))
-PARAMETER(X_KOVA_IPTV_INETPrio, stored(iptv, "inet_prio"), store_priority("inet_prio"))
-PARAMETER(X_KOVA_IPTV_IPTVVID,  stored(iptv, "iptv_vlan"), store_vlan_id("iptv_vlan"))
-PARAMETER(X_KOVA_IPTV_IPTVPrio, stored(iptv, "iptv_prio"), store_priority("iptv_prio"))
-PARAMETER(X_KOVA_IPTV_VOIPVID,  stored(iptv, "voip_vlan"), store_vlan_id("voip_vlan"))
-PARAMETER(X_KOVA_IPTV_VOIPPrio, stored(iptv, "voip_prio"), store_priority("voip_prio"))
+PARAMETER(X_KOVA_IPTV_Enable,   is_one("enabled"),           set_enabled)
+PARAMETER(X_KOVA_IPTV_Mode,     required(iptv, "mode"),      set_mode)
+PARAMETER(X_KOVA_IPTV_INETTAG,  is_one("inet_tag"),          set_internet_tag)
+PARAMETER(X_KOVA_IPTV_INETVID,  required(iptv, "inet_vlan"), store_vlan_id("inet_vlan"))
+PARAMETER(X_KOVA_IPTV_INETPrio, required(iptv, "inet_prio"), store_priority("inet_prio"))
+PARAMETER(X_KOVA_IPTV_IPTVVID,  required(iptv, "iptv_vlan"), store_vlan_id("iptv_vlan"))
+PARAMETER(X_KOVA_IPTV_IPTVPrio, required(iptv, "iptv_prio"), store_priority("iptv_prio"))
+PARAMETER(X_KOVA_IPTV_VOIPVID,  required(iptv, "voip_vlan"), store_vlan_id("voip_vlan"))
+PARAMETER(X_KOVA_IPTV_VOIPPrio, required(iptv, "voip_prio"), store_priority("voip_prio"))
 
 PARAMETER(X_KOVA_IPTV_VLANTYPENumberOfEntries, number_of_ports, read_only)
 PARAMETER(X_KOVA_IPTV_VLANTYPE_LAN,            port_service,    set_port_service)

@@ -9,70 +9,68 @@ using namespace kova;
 
 using Tag = Text<64>;
 
-// Reads what an option holds. FAILURE when there is nothing in it: it cannot be read, or is "0".
-int read_tag(const char* option, Tag& tag) {
-  return read_option(iptv, option, tag.span()) == SUCCESS && !(tag == "0") ? SUCCESS : FAILURE;
-}
+// Reads what an option holds. False when there is nothing in it: it cannot be read, or is "0".
+bool read_tag(const char* option, Tag& tag) { return read_option(iptv, option, tag.span()) && !(tag == "0"); }
 
 // Fills an option that has nothing in it.
 void seed(const char* option, const char* value) {
   Tag tag;
-  if (read_tag(option, tag) != SUCCESS) write_iptv(option, value);
+  if (!read_tag(option, tag)) write_option(iptv, option, value);
 }
 
 // The same, and has the option make way when it holds the ID that was set.
 void keep_apart(const char* option, const char* id, const char* value, const char* other_value) {
   Tag tag;
-  if (read_tag(option, tag) != SUCCESS) {
-    write_iptv(option, value);
+  if (!read_tag(option, tag)) {
+    write_option(iptv, option, value);
   } else if (tag == Tag(id).view()) {
-    write_iptv(option, other_value);
+    write_option(iptv, option, other_value);
   }
 }
 
-int vlan_enabled(Call& call) {
+bool vlan_enabled(Call& call) {
   Tag tag;
-  if (read_option(iptv, "inet_tag", tag.span()) == SUCCESS) return call.reply(tag == "1" ? "1" : "0");
+  if (read_option(iptv, "inet_tag", tag.span())) return call.reply(tag == "1" ? "1" : "0");
   LOG(" uci get error\n\n");
-  return FAILURE;
+  return false;
 }
 
 // ---- Setters. The mode is written before the value is judged, and stays when that is refused. ----
 
-int set_vlan_enabled(Call& call) {
-  if (store_iptv(call, "mode", "custom") != SUCCESS) return FAILURE;
+bool set_vlan_enabled(Call& call) {
+  if (!store_iptv(call, "mode", "custom")) return false;
   const bool on = call.value_is("1");
-  if (!on && !call.value_is("0")) return FAILURE;
-  if (store_iptv(call, "internet_tag", on ? "on" : "off") != SUCCESS) return FAILURE;
+  if (!on && !call.value_is("0")) return false;
+  if (!store_iptv(call, "internet_tag", on ? "on" : "off")) return false;
   return call.mark(APPLY_VLAN);
 }
 
 // The ID goes to the IPTV service, which then makes way for it itself: it ends with "31".
-int set_vlan_id(Call& call) {
+bool set_vlan_id(Call& call) {
   static constexpr LogMessage kIdNotStored = "uci set error.\n";
-  if (write_iptv("mode", "custom") != SUCCESS) return refuse(call, kIdNotStored);
-  if (!is_vlan_id(call.value())) return FAILURE;
-  if (write_iptv("iptv_vlan", call.value()) != SUCCESS) return refuse(call, kIdNotStored);
+  if (!write_option(iptv, "mode", "custom")) return call.refuse(kIdNotStored);
+  if (!is_vlan_id(call.value())) return false;
+  if (!write_option(iptv, "iptv_vlan", call.value())) return call.refuse(kIdNotStored);
   keep_apart("voip_vlan", call.value(), "20", "21");
   keep_apart("iptv_vlan", call.value(), "30", "31");
   return call.mark(APPLY_VLAN);
 }
 
 // A priority that cannot be stored does not keep the IDs from being seeded.
-int set_vlan_priority(Call& call) {
-  if (store_iptv(call, "mode", "Custom") != SUCCESS) return FAILURE;
-  if (!is_priority(call.value())) return FAILURE;
-  const int result = store_iptv(call, "internet_vprio", call.value());
+bool set_vlan_priority(Call& call) {
+  if (!store_iptv(call, "mode", "Custom")) return false;
+  if (!is_priority(call.value())) return false;
+  const bool stored = store_iptv(call, "internet_vprio", call.value());
   seed("internet_vid", "40");
   seed("ipphone_vid", "20");
   seed("iptv_vid", "30");
-  return result == SUCCESS ? call.mark(APPLY_VLAN) : FAILURE;
+  return stored && call.mark(APPLY_VLAN);
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(Layer2Bridging_Bridge_VLAN_VLANEnable,      vlan_enabled,                   set_vlan_enabled)
-PARAMETER(Layer2Bridging_Bridge_VLAN_VLANID,          stored(iptv, "inet_vlan"),      set_vlan_id)
-PARAMETER(Layer2Bridging_Bridge_VLAN_X_KOVA_VLANPrio, stored(iptv, "internet_vprio"), set_vlan_priority)
+PARAMETER(Layer2Bridging_Bridge_VLAN_VLANEnable,      vlan_enabled,                     set_vlan_enabled)
+PARAMETER(Layer2Bridging_Bridge_VLAN_VLANID,          required(iptv, "inet_vlan"),      set_vlan_id)
+PARAMETER(Layer2Bridging_Bridge_VLAN_X_KOVA_VLANPrio, required(iptv, "internet_vprio"), set_vlan_priority)
 // clang-format on

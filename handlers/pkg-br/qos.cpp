@@ -10,32 +10,31 @@ using namespace kova;
 
 constexpr Section qos{"qos", "wan"};
 
-int enabled(Call& call) {
+bool enabled(Call& call) {
   Text<4> value;
-  const bool off = read_option(qos, "enabled", value.span()) != SUCCESS || value == "0";
+  const bool off = !read_option(qos, "enabled", value.span()) || value == "0";
   return call.reply(off ? "0" : "1");
 }
 
 // Places the value in a command line as it is, and runs that. What the program makes of it does not count.
-int run_with_value(Call& call, const char* form, LogMessage failure) {
-  Text<4096> command;
-  if (!command.print(form, call.value()) || run_shell(command.c_str()) == -1) return refuse(call, failure);
+bool run_with_value(Call& call, const char* form, LogMessage failure) {
+  if (CommandLine(form, call.value()).run_for_status() == -1) return call.refuse(failure);
   return call.mark(APPLY_QOS);
 }
 
 constexpr auto run(const char* form, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return run_with_value(call, form, failure.copy()); };
+  return [=](Call& call) { return run_with_value(call, form, failure); };
 }
 
-int set_enabled(Call& call) {
-  if (!call.value_is("0") && !call.value_is("1")) return FAILURE;
+bool set_enabled(Call& call) {
+  if (!call.value_is("0") && !call.value_is("1")) return false;
   return run_with_value(call, "/usr/bin/tr069/cwmp-qos %s 0 0", "FTSQE.\n");
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(X_KOVA_QoS_Enable,   enabled,                   set_enabled)
-PARAMETER(X_KOVA_QoS_Upband,   text(qos, "upload", "0"),   run("/usr/bin/tr069/cwmp-qos 1 %s 0", "FTSQUB.\n"))
-PARAMETER(X_KOVA_QoS_Downband, text(qos, "download", "0"), run("/usr/bin/tr069/cwmp-qos 1 0 %s", "FTSQDB.\n"))
+PARAMETER(X_KOVA_QoS_Enable,   enabled,                      set_enabled)
+PARAMETER(X_KOVA_QoS_Upband,   option(qos, "upload", "0"),   run("/usr/bin/tr069/cwmp-qos 1 %s 0", "FTSQUB.\n"))
+PARAMETER(X_KOVA_QoS_Downband, option(qos, "download", "0"), run("/usr/bin/tr069/cwmp-qos 1 0 %s", "FTSQDB.\n"))
 // clang-format on

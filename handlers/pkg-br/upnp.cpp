@@ -8,16 +8,16 @@ using namespace kova;
 
 constexpr Section upnpd{"upnpd", "config"};
 
-int set_enabled(Call& call) {
+bool set_enabled(Call& call) {
   const bool on = call.value_is("1");
-  if (!on && !call.value_is("0")) return FAILURE;
-  if (uci_raw_set_value(upnpd.package, upnpd.name, "enabled", call.value()) != 0) return FAILURE;
+  if (!on && !call.value_is("0")) return false;
+  if (!write_option(upnpd, "enabled", call.value())) return false;
   if (record_task_cmd(on ? "/etc/init.d/miniupnpd restart" : "/etc/init.d/miniupnpd stop") == 0)
     return call.mark(APPLY_TASK_COMMANDS);
   LOG("FTSUPED.\n");
-  return FAILURE;
+  return false;
 }
 
 }  // namespace
 
-PARAMETER(UPnP_Device_Enable, stored(upnpd, "enabled"), set_enabled)
+PARAMETER(UPnP_Device_Enable, required(upnpd, "enabled"), set_enabled)

@@ -14,26 +14,26 @@ constexpr Section agent{"cwmp", "info"};
 
 constexpr int kOuiDigits = 6;
 
-int manufacturer_oui(Call& call) {
+bool manufacturer_oui(Call& call) {
   Text<100> mac;
-  if (first_line("bdinfo mac", mac.span()) != SUCCESS) {
+  if (!first_line("bdinfo mac", mac.span())) {
     LOG("FTGM.\n");
-    return FAILURE;
+    return false;
   }
   Text<kOuiDigits + 1> oui;
   copy_mac_digits(mac.c_str(), oui.data(), kOuiDigits);
   return call.reply(oui.c_str());
 }
 
-int oui(Call& call) {
+bool oui(Call& call) {
   Text<99> text;
-  if (get_oui(text.data(), text.size()) < 1) return call.reply("02a4f1");
+  if (get_oui(text.data(), text.capacity()) < 1) return call.reply("02a4f1");
   return call.reply(text.c_str());
 }
 
-int serial_number(Call& call) {
+bool serial_number(Call& call) {
   Text<256> number;
-  get_device_sn(number.data(), number.size());
+  get_device_sn(number.data(), number.capacity());
   if (number.empty()) {
     LOG("NASNFUD.\n\n");
     return call.reply("01234567890");
@@ -44,15 +44,15 @@ int serial_number(Call& call) {
 }  // namespace
 
 // clang-format off
-PARAMETER(DeviceInfo_Manufacturer,     text(board, "manufacturer", "Kova"), read_only)
-PARAMETER(DeviceInfo_ManufacturerOUI,  manufacturer_oui,                    read_only)
-PARAMETER(DeviceInfo_OUI,              oui,                                 read_only)
-PARAMETER(DeviceInfo_ProductClass,     text(board, "model", "IGD"),         read_only)
-PARAMETER(DeviceInfo_SpecVersion,      constant("1.0"),                     read_only)
-PARAMETER(DeviceInfo_SerialNumber,     serial_number,                       read_only)
-PARAMETER(DeviceInfo_FirstUseDate,     constant("None"),                    refused("GFUDE.\n"))
-PARAMETER(DeviceInfo_ProvisioningCode, text(agent, "provisioningcode"),     store(agent, "provisioningcode", 0, "FTSPSC.\n"))
-PARAMETER(DeviceInfo_DeviceLog,        constant(""),                        refused("FTGDL.\n"))
+PARAMETER(DeviceInfo_Manufacturer,     option(board, "manufacturer", "Kova"),                                  read_only)
+PARAMETER(DeviceInfo_ManufacturerOUI,  manufacturer_oui,                                                       read_only)
+PARAMETER(DeviceInfo_OUI,              oui,                                                                    read_only)
+PARAMETER(DeviceInfo_ProductClass,     option(board, "model", "IGD"),                                          read_only)
+PARAMETER(DeviceInfo_SpecVersion,      constant("1.0"),                                                        read_only)
+PARAMETER(DeviceInfo_SerialNumber,     serial_number,                                                          read_only)
+PARAMETER(DeviceInfo_FirstUseDate,     constant("None"),                                                       refused("GFUDE.\n"))
+PARAMETER(DeviceInfo_ProvisioningCode, option(agent, "provisioningcode"),                                      store(agent, "provisioningcode", 0, "FTSPSC.\n"))
+PARAMETER(DeviceInfo_DeviceLog,        constant(""),                                                           refused("FTGDL.\n"))
 PARAMETER(DeviceInfo_UpTime,           command_line("cat /proc/uptime | awk -F '.' '{print $1}' ", "FTGU.\n"), read_only)
 // clang-format on
 

@@ -12,46 +12,46 @@ constexpr Section board{"system", "board"};
 
 using Line = Text<128>;
 
-Line line_of(const char* command) { return printed_line<Line::capacity()>(command); }
+Line line_of(const char* command) { return logged_first_line<Line::capacity()>(command); }
 
-int leds_enabled(Call& call) {
+bool leds_enabled(Call& call) {
   Text<8> switchable;
   read_option(board, "ledctl", switchable.span());
   if (!(switchable == "1")) return call.reply("0");
   return reply_or(call, line_of("uci get system.@system[0].leds").c_str(), "1");
 }
 
-int set_leds_enabled(Call& call) {
+bool set_leds_enabled(Call& call) {
   Text<8> switchable;
-  if (read_option(board, "ledctl", switchable.span()) != SUCCESS) return SUCCESS;
+  if (!read_option(board, "ledctl", switchable.span())) return true;
   Text<512> command;
   if (switchable == "1" && command.print("uci set system.@system[0].leds='%s'", call.value())) line_of(command.c_str());
   return call.mark(APPLY_LEDS);
 }
 
-int number_of_leds(Call& call) { return reply_or(call, line_of("ls /sys/class/leds/ | wc -l").c_str(), "2"); }
+bool number_of_leds(Call& call) { return reply_or(call, line_of("ls /sys/class/leds/ | wc -l").c_str(), "2"); }
 
-// The name of the light that the call's row is, empty when there is none. FAILURE for instance 0.
-int find_led(const Call& call, Line& name) {
+// The name of the light that the call's row is, empty when there is none. False for instance 0.
+bool find_led(const Call& call, Line& name) {
   if (call.instance(0) == 0) {
     LOG("LE\n");
-    return FAILURE;
+    return false;
   }
   Text<64> command;
   command.print("ls /sys/class/leds/ | sed -n %dp", call.instance(0));
   name = line_of(command.c_str());
-  return SUCCESS;
+  return true;
 }
 
-int led_name(Call& call) {
+bool led_name(Call& call) {
   Line name;
-  if (find_led(call, name) != SUCCESS) return FAILURE;
+  if (!find_led(call, name)) return false;
   return reply_or(call, name.c_str(), "led");
 }
 
-int led_status(Call& call) {
+bool led_status(Call& call) {
   Line name;
-  if (find_led(call, name) != SUCCESS) return FAILURE;
+  if (!find_led(call, name)) return false;
   if (name.empty()) return call.reply("Error");
   Text<256> command;
   command.print("cat /sys/class/leds/%s/brightness", name.c_str());

@@ -15,9 +15,9 @@ constexpr char kMemoryInfo[] = "cat /proc/meminfo";
 constexpr LogMessage kNoMemoryInfo = "FTOMI.\n";
 
 // The second word of the last line that contains `name`.
-int reply_amount(Call& call, const char* name) {
+bool reply_amount(Call& call, const char* name) {
   CommandOutput output(kMemoryInfo);
-  if (!output) return refuse(call, kNoMemoryInfo);
+  if (!output) return call.refuse(kNoMemoryInfo);
   Text<32> amount;
   for (Text<256> line; output.read_line(line.span());) {
     Text<32> word;
@@ -28,28 +28,28 @@ int reply_amount(Call& call, const char* name) {
 }
 
 constexpr auto memory(const char* name) {
-  return [=](Call& call) IN_CODE { return reply_amount(call, name); };
+  return [=](Call& call) { return reply_amount(call, name); };
 }
 
 // A line counts for the first of these that it contains: "SwapCached" stands before "Cached" for that reason.
 enum Amount { TOTAL, FREE, SWAP_CACHED, CACHED, BUFFERS, AMOUNTS };
 constexpr const char* kAmountNames[AMOUNTS] = {"MemTotal", "MemFree", "SwapCached", "Cached", "Buffers"};
 
-void take_amount(const char* line, long (&amounts)[AMOUNTS]) {
+void take_amount(const char* line, long long (&amounts)[AMOUNTS]) {
   for (int i = 0; i < AMOUNTS; ++i) {
     if (strstr(line, kAmountNames[i]) == nullptr) continue;
-    long amount = 0;
-    if (sscanf(line, "%*s %ld", &amount) == 1) amounts[i] = amount;
+    long long amount = 0;
+    if (sscanf(line, "%*s %lld", &amount) == 1) amounts[i] = amount;
     return;
   }
 }
 
-int used_memory(Call& call) {
+bool used_memory(Call& call) {
   CommandOutput output(kMemoryInfo);
-  if (!output) return refuse(call, kNoMemoryInfo);
-  long amounts[AMOUNTS] = {};
+  if (!output) return call.refuse(kNoMemoryInfo);
+  long long amounts[AMOUNTS] = {};
   for (Text<256> line; output.read_line(line.span());) take_amount(line.c_str(), amounts);
-  const long used = amounts[TOTAL] - amounts[FREE] - amounts[CACHED] - amounts[SWAP_CACHED] - amounts[BUFFERS];
+  const long long used = amounts[TOTAL] - amounts[FREE] - amounts[CACHED] - amounts[SWAP_CACHED] - amounts[BUFFERS];
   return call.reply_number(used > 0 ? used : 0);
 }
 

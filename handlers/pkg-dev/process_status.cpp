@@ -10,11 +10,11 @@ namespace {
 
 using namespace kova;
 
-int cpu_usage(Call& call) {
+bool cpu_usage(Call& call) {
   Text<100> line;
-  if (first_line("top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'", line.span()) != SUCCESS) {
+  if (!first_line("top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'", line.span())) {
     LOG("FTGCU.\n");
-    return FAILURE;
+    return false;
   }
   int idle = 0;
   if (sscanf(line.c_str(), "%d", &idle) != 1) idle = 95;

@@ -14,33 +14,31 @@ using namespace kova;
 
 constexpr Section ntp{"system", "ntp"};
 
-int reply_line(Call& call, const char* command) { return call.reply(printed_line<256>(command).c_str()); }
+bool reply_line(Call& call, const char* command) { return call.reply(logged_first_line<256>(command).c_str()); }
 
-int local_time(Call& call) { return reply_line(call, "date '+%F %X'"); }
+bool local_time(Call& call) { return reply_line(call, "date '+%F %X'"); }
 
-int set_enable(Call& call) {
-  run_command("/usr/bin/tr069/cwmp-ntp enable %s", call.value());
-  return SUCCESS;
+bool set_enable(Call& call) {
+  CommandLine("/usr/bin/tr069/cwmp-ntp enable %s", call.value()).run();
+  return true;
 }
 
 // ---- Time zone ----
 
-int time_zone(Call& call) {
+bool time_zone(Call& call) {
   cwmp_system("/usr/bin/tr069/cwmp-ntp timezoneinfo get");
   return reply_line(call, "cat /tmp/tr069/curtimezone");
 }
 
-int set_time_zone(Call& call) {
-  return run_command("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()) == 0 ? SUCCESS : FAILURE;
-}
+bool set_time_zone(Call& call) { return CommandLine("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()).run(); }
 
 // Every zone is followed by ", ", the last one too.
-int time_zones(Call& call) {
+bool time_zones(Call& call) {
   cwmp_system("/usr/bin/tr069/cwmp-ntp timezonelist");
   File list("/tmp/tr069/timezonelist", "r");
   if (!list) {
     LOG("read timezonelist error.\n");
-    return FAILURE;
+    return false;
   }
   char* end = call.output();
   *end = '\0';
@@ -48,7 +46,7 @@ int time_zones(Call& call) {
     remove_newline(line.span());
     end = stpcpy(stpcpy(end, line.c_str()), ", ");
   }
-  return SUCCESS;
+  return true;
 }
 
 // ---- NTP servers ----
@@ -62,49 +60,49 @@ const char* list_element(uci_option* list, int position) {
   return nullptr;
 }
 
-int get_NTPtimeserver(int position, char* output) {
+bool get_NTPtimeserver(int position, char* output) {
   const WalkedPackage system("system", HERE, "[ERR]uci failed to load config:system\n");
-  if (!system) return FAILURE;
+  if (!system) return false;
   for (uci_section* timeserver : system.sections("timeserver")) {
     uci_option* servers = system.option(timeserver, "server");
     if (servers == nullptr) {
       LOG("[ERR]uci failed to get server option\n");
-      return FAILURE;
+      return false;
     }
     const char* name = servers->type == UCI_TYPE_LIST ? list_element(servers, position) : nullptr;
     if (name == nullptr) continue;
     strcpy(output, name);
-    return SUCCESS;
+    return true;
   }
-  return FAILURE;
+  return false;
 }
 
-int reply_ntp_server(Call& call, int position) {
+bool reply_ntp_server(Call& call, int position) {
   call.reply("");
   get_NTPtimeserver(position, call.output());
-  return SUCCESS;
+  return true;
 }
 
 constexpr auto ntp_server(int position) {
-  return [=](Call& call) IN_CODE { return reply_ntp_server(call, position); };
+  return [=](Call& call) { return reply_ntp_server(call, position); };
 }
 
-int change_ntp_server(const Call& call, int position) {
+bool change_ntp_server(const Call& call, int position) {
   if (call.value_is("")) {
-    run_command("/usr/bin/tr069/cwmp-ntp ntpserver %d", position);
+    CommandLine("/usr/bin/tr069/cwmp-ntp ntpserver %d", position).run();
   } else {
-    run_command("/usr/bin/tr069/cwmp-ntp ntpserver %d %s", position, call.value());
+    CommandLine("/usr/bin/tr069/cwmp-ntp ntpserver %d %s", position, call.value()).run();
   }
-  return SUCCESS;
+  return true;
 }
 
 constexpr auto set_ntp_server(int position) {
-  return [=](Call& call) IN_CODE { return change_ntp_server(call, position); };
+  return [=](Call& call) { return change_ntp_server(call, position); };
 }
 
 }  // namespace
 
-PARAMETER(Time_Enable, text(ntp, "enabled", "0"), set_enable)
+PARAMETER(Time_Enable, option(ntp, "enabled", "0"), set_enable)
 PARAMETER(Time_CurrentLocalTime, local_time, ignored)
 PARAMETER(Time_LocalTimeZone, time_zone, set_time_zone)
 PARAMETER(Time_TimeZoneList, time_zones, ignored)

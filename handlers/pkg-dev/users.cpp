@@ -18,9 +18,9 @@ const char* shown_name(const WalkedPackage& accounts, uci_section* login) {
   return name != nullptr && strcmp(name, "root") != 0 ? name : nullptr;
 }
 
-int number_of_users(Call& call) {
+bool number_of_users(Call& call) {
   const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
-  if (!accounts) return FAILURE;
+  if (!accounts) return false;
   int count = 0;
   for (uci_section* login : accounts.sections("login")) count += shown_name(accounts, login) != nullptr ? 1 : 0;
   return call.reply_number(count);
@@ -36,33 +36,33 @@ const char* nth_user(const WalkedPackage& accounts, int32_t number) {
   return nullptr;
 }
 
-// What `action` does with the name of the user that the call's row is; FAILURE when there is none.
-int for_user(Call& call, int (*action)(Call& call, const char* name)) {
+// What `action` does with the name of the user that the call's row is; false when there is none.
+bool for_user(Call& call, bool (*action)(Call& call, const char* name)) {
   if (call.instance(0) == 0) {
     LOG("LE\n");
-    return FAILURE;
+    return false;
   }
   const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
-  if (!accounts) return FAILURE;
+  if (!accounts) return false;
   const char* name = nth_user(accounts, call.instance(0));
-  return name != nullptr ? action(call, name) : FAILURE;
+  return name != nullptr && action(call, name);
 }
 
-int username(Call& call) {
+bool username(Call& call) {
   return for_user(call, [](Call& row, const char* name) { return row.reply(name); });
 }
 
 // Name and password reach the script as words of its command line, unquoted.
-int run_password_script(Call& call, const char* name) {
+bool run_password_script(Call& call, const char* name) {
   Text<511> command;
   command.print("/usr/bin/tr069/cwmp-user %s %s", name, call.value());
   cwmp_system(command.c_str());
-  return SUCCESS;
+  return true;
 }
 
-int set_password(Call& call) {
+bool set_password(Call& call) {
   const size_t length = strlen(call.value());
-  if (length < 8 || length > 64) return FAILURE;
+  if (length < 8 || length > 64) return false;
   return for_user(call, run_password_script);
 }
 

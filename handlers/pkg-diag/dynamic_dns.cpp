@@ -21,59 +21,57 @@ constexpr Switch kEnabled{"enabled", "on", "off"};
 constexpr Switch kWanBind{"wan_bind", "enable", "disable"};
 
 // Every stored text but the word for off is on; without the option it is off.
-int reply_switch(Call& call, Section provider, const Switch& option) {
+bool reply_switch(Call& call, Section provider, const Switch& option) {
   Text<16> stored;
-  const bool off = read_option(provider, option.option, stored.span()) != SUCCESS || stored == option.off;
+  const bool off = !read_option(provider, option.option, stored.span()) || stored == option.off;
   return call.reply(off ? "0" : "1");
 }
 
-int store_switch(Call& call, Section provider, const Switch& option) {
+bool store_switch(Call& call, Section provider, const Switch& option) {
   const bool on = call.value_is("1");
-  if (!on && !call.value_is("0")) return FAILURE;
-  return uci_raw_set_value(provider.package, provider.name, option.option, on ? option.on : option.off);
+  if (!on && !call.value_is("0")) return false;
+  return write_option(provider, option.option, on ? option.on : option.off);
 }
 
 // The provider switched last, be it off, is the active one.
-int switch_provider(Call& call, Section provider, uint32_t bits) {
-  if (store_switch(call, provider, kEnabled) != SUCCESS) return FAILURE;
-  if (uci_raw_set_value("ddns", "provider", "provider", provider.name) != 0) return FAILURE;
+bool switch_provider(Call& call, Section provider, uint32_t bits) {
+  if (!store_switch(call, provider, kEnabled)) return false;
+  if (!write_option({"ddns", "provider"}, "provider", provider.name)) return false;
   return call.mark(bits);
 }
 
-int set_wan_binding(Call& call) {
-  return store_switch(call, noip, kWanBind) == SUCCESS ? call.mark(APPLY_DDNS) : FAILURE;
-}
+bool set_wan_binding(Call& call) { return store_switch(call, noip, kWanBind) && call.mark(APPLY_DDNS); }
 
 constexpr auto is_on(Section provider, Switch option) {
-  return [=](Call& call) IN_CODE { return reply_switch(call, provider, option); };
+  return [=](Call& call) { return reply_switch(call, provider, option); };
 }
 
 constexpr auto activate(Section provider, uint32_t bits) {
-  return [=](Call& call) IN_CODE { return switch_provider(call, provider, bits); };
+  return [=](Call& call) { return switch_provider(call, provider, bits); };
 }
 
 constexpr auto state(const char* command) {
-  return [=](Call& call) IN_CODE { return call.reply(printed_line<100>(command).c_str()); };
+  return [=](Call& call) { return call.reply(logged_first_line<100>(command).c_str()); };
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Enable,       is_on(dyndns, kEnabled),      activate(dyndns, APPLY_DDNS))
-ALIAS(X_KOVA_AppCfg_DynDnsCfg_Login, X_KOVA_AppCfg_DynDnsCfg_Enable)
-PARAMETER(X_KOVA_AppCfg_DynDnsCfg_State,        state("ddns state dyndns"),   read_only)
-PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Username,     text(dyndns, "username"),     store(dyndns, "username"))
-PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Password,     text(dyndns, "password"),     store(dyndns, "password"))
-PARAMETER(X_KOVA_AppCfg_DynDnsCfg_UserDomain,   text(dyndns, "domain"),       store(dyndns, "domain"))
-PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Server,       text(dyndns, "service_name"), read_only)
+PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Enable,     is_on(dyndns, kEnabled),        activate(dyndns, APPLY_DDNS))
+ALIAS(X_KOVA_AppCfg_DynDnsCfg_Login,          X_KOVA_AppCfg_DynDnsCfg_Enable)
+PARAMETER(X_KOVA_AppCfg_DynDnsCfg_State,      state("ddns state dyndns"),     read_only)
+PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Username,   option(dyndns, "username"),     store(dyndns, "username"))
+PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Password,   option(dyndns, "password"),     store(dyndns, "password"))
+PARAMETER(X_KOVA_AppCfg_DynDnsCfg_UserDomain, option(dyndns, "domain"),       store(dyndns, "domain"))
+PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Server,     option(dyndns, "service_name"), read_only)
 
 // No-IP's two switches differ in the bit alone: that Enable marks another one than its siblings is on purpose.
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Enable,       is_on(noip, kEnabled),       activate(noip, APPLY_TRACEROUTE_DIAG))
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Login,        is_on(noip, kEnabled),       activate(noip, APPLY_DDNS))
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_State,        state("ddns state noip"),    read_only)
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Username,     text(noip, "username"),      store(noip, "username"))
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Password,     text(noip, "password"),      store(noip, "password"))
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_UserDomain,   text(noip, "domain"),        store(noip, "domain"))
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Server,       text(noip, "service_name"),  store(noip, "service_name", APPLY_DDNS))
-PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_WANIPBinding, is_on(noip, kWanBind),       set_wan_binding)
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Enable,       is_on(noip, kEnabled),        activate(noip, APPLY_TRACEROUTE_DIAG))
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Login,        is_on(noip, kEnabled),        activate(noip, APPLY_DDNS))
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_State,        state("ddns state noip"),     read_only)
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Username,     option(noip, "username"),     store(noip, "username"))
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Password,     option(noip, "password"),     store(noip, "password"))
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_UserDomain,   option(noip, "domain"),       store(noip, "domain"))
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Server,       option(noip, "service_name"), store(noip, "service_name", APPLY_DDNS))
+PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_WANIPBinding, is_on(noip, kWanBind),        set_wan_binding)
 // clang-format on

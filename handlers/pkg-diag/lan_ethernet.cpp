@@ -9,15 +9,15 @@ using namespace kova;
 
 constexpr char kLan[] = "lan";
 
-int mac_address(Call& call) { return reply_device_mac(call, interface_status<32>(kLan, INTERFACE_DEVICE).c_str()); }
+bool mac_address(Call& call) { return reply_device_mac(call, interface_status<32>(kLan, INTERFACE_DEVICE).c_str()); }
 
-int reply_counter(Call& call, bus_status_query counter) {
+bool reply_counter(Call& call, bus_status_query counter) {
   const Text<32> device = interface_status<32>(kLan, INTERFACE_L3_DEVICE);
   return reply_or(call, device_status(device.c_str(), counter).c_str(), "0");
 }
 
 constexpr auto lan_counter(bus_status_query counter) {
-  return [=](Call& call) IN_CODE { return reply_counter(call, counter); };
+  return [=](Call& call) { return reply_counter(call, counter); };
 }
 
 }  // namespace

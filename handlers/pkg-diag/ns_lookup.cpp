@@ -11,20 +11,20 @@ constexpr char kState[] = "/tmp/diag/nslookup_state";
 constexpr ResultFile lookup{"/tmp/diag/nslookup_result", "FTGNSR.\n", ""};
 
 // Without a server of its own, a look-up has asked the WAN's.
-int wan_dns_servers(Call& call) { return call.reply(interface_status<100>("wan", INTERFACE_DNS_SERVERS).c_str()); }
+bool wan_dns_servers(Call& call) { return call.reply(interface_status<100>("wan", INTERFACE_DNS_SERVERS).c_str()); }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(NSLookupDiagnostics_DiagnosticsState,      diagnostics_state(kState),                      diagnostics_request(kState, APPLY_NSLOOKUP_DIAG))
-PARAMETER(NSLookupDiagnostics_HostName,              text(params, "nslookupHost"),                   host("nslookupHost"))
-PARAMETER(NSLookupDiagnostics_DNSServer,             text(params, "nslookupDnsserver"),              store(params, "nslookupDnsserver"))
-PARAMETER(NSLookupDiagnostics_NumberOfRepetitions,   constant("1"),                                  read_only)
-PARAMETER(NSLookupDiagnostics_SuccessCount,          keyed(lookup, "SuccessCount"),                  read_only)
-PARAMETER(NSLookupDiagnostics_ResultNumberOfEntries, constant("1"),                                  read_only)
-PARAMETER(NSLookupDiagnostics_Result_Status,         keyed(lookup, "Status"),                        read_only)
-PARAMETER(NSLookupDiagnostics_Result_IPAddresses,    keyed(lookup, "IPAddresses"),                   read_only)
-PARAMETER(NSLookupDiagnostics_Result_DNSServerIP,    keyed(lookup, "DNSServerIP", wan_dns_servers),  read_only)
+PARAMETER(NSLookupDiagnostics_DiagnosticsState,      diagnostics_state(kState),                     diagnostics_request(kState, APPLY_NSLOOKUP_DIAG))
+PARAMETER(NSLookupDiagnostics_HostName,              option(params, "nslookupHost"),                host("nslookupHost"))
+PARAMETER(NSLookupDiagnostics_DNSServer,             option(params, "nslookupDnsserver"),           store(params, "nslookupDnsserver"))
+PARAMETER(NSLookupDiagnostics_NumberOfRepetitions,   constant("1"),                                 read_only)
+PARAMETER(NSLookupDiagnostics_SuccessCount,          keyed(lookup, "SuccessCount"),                 read_only)
+PARAMETER(NSLookupDiagnostics_ResultNumberOfEntries, constant("1"),                                 read_only)
+PARAMETER(NSLookupDiagnostics_Result_Status,         keyed(lookup, "Status"),                       read_only)
+PARAMETER(NSLookupDiagnostics_Result_IPAddresses,    keyed(lookup, "IPAddresses"),                  read_only)
+PARAMETER(NSLookupDiagnostics_Result_DNSServerIP,    keyed(lookup, "DNSServerIP", wan_dns_servers), read_only)
 
 ALIAS(DNS_Diagnostics_NSLookupDiagnostics_DiagnosticsState,      NSLookupDiagnostics_DiagnosticsState)
 ALIAS(DNS_Diagnostics_NSLookupDiagnostics_HostName,              NSLookupDiagnostics_HostName)

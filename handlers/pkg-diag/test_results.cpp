@@ -10,19 +10,19 @@ bool LeadingNumber::begins(const char* text) const {
   return strlen(text) <= longest_text && number_between(text, from, to);
 }
 
-int no_value(Call& call) { return call.reply(""); }
+bool no_value(Call& call) { return call.reply(""); }
 
-int reply_url(Call& call, const char* option) {
-  if (uci_raw_extract_value(params.package, params.name, option, call.output()) == 0) return SUCCESS;
+bool reply_url(Call& call, const char* option) {
+  if (reply_option(call, params, option)) return true;
   return reply_option(call, {"cwmp", "info"}, "url", "");
 }
 
-int reply_no_results(Call& call, const ResultFile& results) {
+bool reply_no_results(Call& call, const ResultFile& results) {
   results.missing.print(call.origin());
   return call.reply(results.fallback);
 }
 
-int reply_keyed(Call& call, const ResultFile& results, std::string_view key, int (*absent)(Call&)) {
+bool reply_keyed(Call& call, const ResultFile& results, std::string_view key, bool (*absent)(Call&)) {
   File file(results.path, "r");
   if (!file) return reply_no_results(call, results);
   for (ResultLine line; file.read_line(line.span());) {
@@ -35,7 +35,7 @@ int reply_keyed(Call& call, const ResultFile& results, std::string_view key, int
   return absent(call);
 }
 
-int reply_prefixed(Call& call, const ResultFile& results, std::string_view key) {
+bool reply_prefixed(Call& call, const ResultFile& results, std::string_view key) {
   File file(results.path, "r");
   if (!file) return reply_no_results(call, results);
   for (ResultLine line; file.read_line(line.span());) {
@@ -45,13 +45,13 @@ int reply_prefixed(Call& call, const ResultFile& results, std::string_view key) 
   return no_value(call);
 }
 
-int store_host(Call& call, const char* option) {
-  if (validityHost(call.value()) != 0) return refuse(call, "Host check failed.\n");
-  return store_option(call, params, option, 0, {});
+bool store_host(Call& call, const char* option) {
+  if (validityHost(call.value()) != 0) return call.refuse("Host check failed.\n");
+  return store_option(call, params, option, call.value());
 }
 
-int store_digits(Call& call, const char* option, Digits digits) {
-  return validityCheck(call.value(), digits) == 0 ? store_option(call, params, option, 0, {}) : FAILURE;
+bool store_digits(Call& call, const char* option, Digits digits) {
+  return validityCheck(call.value(), digits) == 0 && store_option(call, params, option, call.value());
 }
 
 }  // namespace kova

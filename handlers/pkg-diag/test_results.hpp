@@ -28,56 +28,51 @@ enum Digits { ANY_DIGITS = 1, AT_MOST_SIX_DIGITS = 2, FROM_1_TO_65535 = 3 };
 
 // A number that a text begins with; what follows it is not looked at.
 struct LeadingNumber {
-  int from;
-  int to;
+  int32_t from;
+  int32_t to;
   std::size_t longest_text = SIZE_MAX;
 
   bool begins(const char* text) const;
 };
 
-int no_value(Call& call);
-int reply_url(Call& call, const char* option);
-int reply_no_results(Call& call, const ResultFile& results);
-int reply_keyed(Call& call, const ResultFile& results, std::string_view key, int (*absent)(Call&));
-int reply_prefixed(Call& call, const ResultFile& results, std::string_view key);
-int store_host(Call& call, const char* option);
-int store_digits(Call& call, const char* option, Digits digits);
+bool no_value(Call& call);
+bool reply_url(Call& call, const char* option);
+bool reply_no_results(Call& call, const ResultFile& results);
+bool reply_keyed(Call& call, const ResultFile& results, std::string_view key, bool (*absent)(Call&));
+bool reply_prefixed(Call& call, const ResultFile& results, std::string_view key);
+bool store_host(Call& call, const char* option);
+bool store_digits(Call& call, const char* option, Digits digits);
 
 // ---- Getters ----
 
-// An input without a fallback: fails when it cannot be read.
-constexpr auto input(const char* option) {
-  return [=](Call& call) IN_CODE { return uci_raw_extract_value(params.package, params.name, option, call.output()); };
-}
-
 // Where files are sent to or received from: the server that manages the device when no other is set.
 constexpr auto url(const char* option) {
-  return [=](Call& call) IN_CODE { return reply_url(call, option); };
+  return [=](Call& call) { return reply_url(call, option); };
 }
 
 // The value of the first line "key=value"; without one what `absent` replies.
-constexpr auto keyed(ResultFile results, const char* key, int (*absent)(Call&) = no_value) {
-  return [=](Call& call) IN_CODE { return reply_keyed(call, results, key, absent); };
+constexpr auto keyed(ResultFile results, const char* key, bool (*absent)(Call&) = no_value) {
+  return [=](Call& call) { return reply_keyed(call, results, key, absent); };
 }
 
 // What follows the key and one character more in the first line that begins with the key, line end included.
 constexpr auto prefixed(ResultFile results, const char* key) {
-  return [=](Call& call) IN_CODE { return reply_prefixed(call, results, key); };
+  return [=](Call& call) { return reply_prefixed(call, results, key); };
 }
 
 // ---- Setters ----
 
 constexpr auto host(const char* option) {
-  return [=](Call& call) IN_CODE { return store_host(call, option); };
+  return [=](Call& call) { return store_host(call, option); };
 }
 
 constexpr auto digits(const char* option, Digits kind) {
-  return [=](Call& call) IN_CODE { return store_digits(call, option, kind); };
+  return [=](Call& call) { return store_digits(call, option, kind); };
 }
 
 constexpr auto number(const char* option, LeadingNumber range, uint32_t bits = 0) {
-  return [=](Call& call)
-             IN_CODE { return range.begins(call.value()) ? store_option(call, params, option, bits, {}) : FAILURE; };
+  return
+      [=](Call& call) { return range.begins(call.value()) && store_option(call, params, option, call.value(), bits); };
 }
 
 }  // namespace kova

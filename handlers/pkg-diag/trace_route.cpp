@@ -46,19 +46,19 @@ bool read_line(File& file, int32_t hop, ResultLine& line) {
   return true;
 }
 
-int reply_hop(Call& call, int (*part)(Call&, const Hop&)) {
+bool reply_hop(Call& call, bool (*part)(Call&, const Hop&)) {
   constexpr int kMostTries = 3;
-  if (call.instance(0) < 1) return refuse(call, "LE\n");
+  if (call.instance(0) < 1) return call.refuse("LE\n");
   File file(hops.path, "r");
   if (!file) return reply_no_results(call, hops);
   Hop hop;
-  if (!read_line(file, call.instance(0), hop.line)) return SUCCESS;
-  if (uci_raw_extract_value(params.package, params.name, "count", call.output()) != 0) return FAILURE;
-  hop.tries = std::min(leading_integer(call.output()), kMostTries);
+  if (!read_line(file, call.instance(0), hop.line)) return true;
+  if (!reply_option(call, params, "count")) return false;
+  hop.tries = std::min(leading_number(call.output()), kMostTries);
   return part(call, hop);
 }
 
-int host_name(Call& call, const Hop& hop) {
+bool host_name(Call& call, const Hop& hop) {
   const ResultLine host(hop.host());
   if (host.empty()) return call.reply("None");
   constexpr LogMessage kHost = "%s.\n";
@@ -66,16 +66,16 @@ int host_name(Call& call, const Hop& hop) {
   return call.reply(hop.timed_out() ? "None" : host.c_str());
 }
 
-int host_address(Call& call, const Hop& hop) {
+bool host_address(Call& call, const Hop& hop) {
   std::string_view address = hop.address();
   if (address.empty()) return call.reply("None");
   address.remove_suffix(1);  // the line end, if the line was short enough for one
   return call.reply(ResultLine(address).c_str());
 }
 
-int error_code(Call& call, const Hop& hop) { return call.reply(hop.timed_out() ? "1" : "0"); }
+bool error_code(Call& call, const Hop& hop) { return call.reply(hop.timed_out() ? "1" : "0"); }
 
-int times(Call& call, const Hop& hop) {
+bool times(Call& call, const Hop& hop) {
   using Times = Text<ResultLine::capacity() + 4>;
   Times times;
   for (int number = 2; number < hop.tries + 2; ++number) {
@@ -89,17 +89,17 @@ int times(Call& call, const Hop& hop) {
   return call.reply(times.c_str());
 }
 
-constexpr auto hop(int (*part)(Call&, const Hop&)) {
-  return [=](Call& call) IN_CODE { return reply_hop(call, part); };
+constexpr auto hop(bool (*part)(Call&, const Hop&)) {
+  return [=](Call& call) { return reply_hop(call, part); };
 }
 
 }  // namespace
 
 // clang-format off
 PARAMETER(TraceRouteDiagnostics_DiagnosticsState,         diagnostics_state(kState), diagnostics_request(kState, APPLY_TRACEROUTE_DIAG))
-PARAMETER(TraceRouteDiagnostics_Host,                     text(params, "host"),      host("host"))
-PARAMETER(TraceRouteDiagnostics_NumberOfTries,            input("count"),            number("count", {1, 3, 1}))
-PARAMETER(TraceRouteDiagnostics_MaxHopCount,              input("ttl"),              number("ttl", {1, 30, 2}))
+PARAMETER(TraceRouteDiagnostics_Host,                     option(params, "host"),    host("host"))
+PARAMETER(TraceRouteDiagnostics_NumberOfTries,            required(params, "count"), number("count", {1, 3, 1}))
+PARAMETER(TraceRouteDiagnostics_MaxHopCount,              required(params, "ttl"),   number("ttl", {1, 30, 2}))
 PARAMETER(TraceRouteDiagnostics_ResponseTime,             constant("0"),             read_only)
 PARAMETER(TraceRouteDiagnostics_RouteHopsNumberOfEntries, prefixed(trace, "Hops"),   read_only)
 PARAMETER(TraceRouteDiagnostics_RouteHops_HopHost,        hop(host_name),            read_only)
@@ -107,7 +107,7 @@ PARAMETER(TraceRouteDiagnostics_RouteHops_HopHostAddress, hop(host_address),    
 PARAMETER(TraceRouteDiagnostics_RouteHops_HopErrorCode,   hop(error_code),           read_only)
 PARAMETER(TraceRouteDiagnostics_RouteHops_HopRTTimes,     hop(times),                read_only)
 
-PARAMETER(IP_Diagnostics_IPv4TraceRouteSupported, constant("1"), read_only)
+PARAMETER(IP_Diagnostics_IPv4TraceRouteSupported,         constant("1"), read_only)
 ALIAS(IP_Diagnostics_TraceRoute_DiagnosticsState,         TraceRouteDiagnostics_DiagnosticsState)
 ALIAS(IP_Diagnostics_TraceRoute_Host,                     TraceRouteDiagnostics_Host)
 ALIAS(IP_Diagnostics_TraceRoute_NumberOfTries,            TraceRouteDiagnostics_NumberOfTries)

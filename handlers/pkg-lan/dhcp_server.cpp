@@ -17,53 +17,53 @@ using Address = Text<33>;
 // ---- On or off ----
 
 constexpr auto on_or_off(const char* on, const char* off) {
-  return [=](Call& call) IN_CODE { return call.reply(option_is(dhcp, "ignore", "1") ? off : on); };
+  return [=](Call& call) { return call.reply(option_is(dhcp, "ignore", "1") ? off : on); };
 }
 
 // ---- Pool ----
 
-int first_address(Call& call) {
+bool first_address(Call& call) {
   Address first;
   Address last;
   if (dhcp_calc_ipaddr_pool(first.data(), last.data()) == 0) return call.reply(first.c_str());
   LOG("FTGDSIAD.\n");
-  return FAILURE;
+  return false;
 }
 
-int last_address(Call& call) {
+bool last_address(Call& call) {
   Address first;
   Address last;
   if (dhcp_calc_ipaddr_pool(first.data(), last.data()) == 0) return call.reply(last.c_str());
   LOG("FTGDEIAD.\n");
-  return FAILURE;
+  return false;
 }
 
 // Completes the range from the configured pool and has it applied; `key` names the end that the server sets.
-int set_range(Call& call, Address first, Address last, const char* key, LogMessage failure) {
-  if (dhcp_calc_pool_range(first.data(), last.data()) != 0) return refuse(call, failure);
+bool set_range(Call& call, Address first, Address last, const char* key, LogMessage failure) {
+  if (dhcp_calc_pool_range(first.data(), last.data()) != 0) return call.refuse(failure);
   return run_verify(call, {R"(%s %s "%s" "%s")", key, first.c_str(), last.c_str()}, failure);
 }
 
-int set_first_address(Call& call) {
-  if (!is_address(call)) return FAILURE;
+bool set_first_address(Call& call) {
+  if (!is_address(call)) return false;
   return set_range(call, Address(call.value()), Address(), "dhcps_startip", "FTSSIAD.\n");
 }
 
-int set_last_address(Call& call) {
-  if (!is_address(call)) return FAILURE;
+bool set_last_address(Call& call) {
+  if (!is_address(call)) return false;
   return set_range(call, Address(), Address(call.value()), "dhcps_endip", "FTSEIAD.\n");
 }
 
 // ---- Lease time: minutes or, with an "h", hours in the store; seconds in the data model ----
 
-int lease_time(Call& call) {
+bool lease_time(Call& call) {
   // The "h" may stand anywhere in a text of any length.
-  if (uci_raw_extract_value(dhcp.package, dhcp.name, "leasetime", call.output()) != 0) {
+  if (!reply_option(call, dhcp, "leasetime")) {
     LOG("FTGDLTE.\n\n");
-    return FAILURE;
+    return false;
   }
   const int unit = strchr(call.output(), 'h') != nullptr ? 3600 : 60;
-  return call.reply_number(static_cast<long long>(leading_integer(call.output())) * unit);
+  return call.reply_number(static_cast<long long>(leading_number(call.output())) * unit);
 }
 
 // As the script wants it: forever is the longest time that fits, and less than a minute is one.
@@ -74,8 +74,8 @@ int lease_minutes(int seconds) {
   return seconds / 60;
 }
 
-int set_lease_time(Call& call) {
-  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(leading_integer(call.value()))},
+bool set_lease_time(Call& call) {
+  return run_verify(call, {R"(%s %s "%d")", "dhcps_leasetime", lease_minutes(leading_number(call.value()))},
                     "FTSDLT.\n");
 }
 
@@ -84,16 +84,16 @@ int set_lease_time(Call& call) {
 using Server = Text<32>;
 
 // The DNS option that the DHCP daemon hands out, from its generated configuration.
-Server offered_server(const char* command) { return printed_line<Server::capacity()>(command); }
+Server offered_server(const char* command) { return logged_first_line<Server::capacity()>(command); }
 
 // A space between the two, and an unset address in place of a repeated one.
-int dns_servers(Call& call) {
+bool dns_servers(Call& call) {
   Server first = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $3}'");
   Server second = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $4}'");
   if (first == "0.0.0.0" && second == "0.0.0.0") {
-    if (read_option({"network", "lan"}, "ipaddr", first.span()) != SUCCESS) {
+    if (!read_option({"network", "lan"}, "ipaddr", first.span())) {
       LOG("FTGLI.\n");
-      return FAILURE;
+      return false;
     }
     second = first;
   }
@@ -105,15 +105,15 @@ int dns_servers(Call& call) {
 }  // namespace
 
 // clang-format off
-PARAMETER(LANDevice_LANHostConfigManagement_DHCPServerEnable, on_or_off("1", "0"),              verify_now("dhcps_enable", "FTSDSE.\n"))
-PARAMETER(LANDevice_LANHostConfigManagement_MinAddress,       first_address,                    set_first_address)
-PARAMETER(LANDevice_LANHostConfigManagement_MaxAddress,       last_address,                     set_last_address)
-PARAMETER(LANDevice_LANHostConfigManagement_DHCPLeaseTime,    lease_time,                       set_lease_time)
-PARAMETER(LANDevice_LANHostConfigManagement_DNSServers,       dns_servers,                      verify_now("dhcps_dns", "FTSDSS.\n"))
+PARAMETER(LANDevice_LANHostConfigManagement_DHCPServerEnable, on_or_off("1", "0"), verify_now("dhcps_enable", "FTSDSE.\n"))
+PARAMETER(LANDevice_LANHostConfigManagement_MinAddress,       first_address,       set_first_address)
+PARAMETER(LANDevice_LANHostConfigManagement_MaxAddress,       last_address,        set_last_address)
+PARAMETER(LANDevice_LANHostConfigManagement_DHCPLeaseTime,    lease_time,          set_lease_time)
+PARAMETER(LANDevice_LANHostConfigManagement_DNSServers,       dns_servers,         verify_now("dhcps_dns", "FTSDSS.\n"))
 
-PARAMETER(DHCPv4_Server_PoolNumberOfEntries,                  constant("1"),                      read_only)
-PARAMETER(DHCPv4_Server_Pool_Status,                          on_or_off("Enabled", "Disabled"),   read_only)
-PARAMETER(DHCPv4_Server_Pool_Interface,                       constant("Device.IP.Interface.2."), read_only)
+PARAMETER(DHCPv4_Server_PoolNumberOfEntries, constant("1"),                      read_only)
+PARAMETER(DHCPv4_Server_Pool_Status,         on_or_off("Enabled", "Disabled"),   read_only)
+PARAMETER(DHCPv4_Server_Pool_Interface,      constant("Device.IP.Interface.2."), read_only)
 // clang-format on
 
 ALIAS(LANDevice_LANHostConfigManagement_IPInterface_DHCPServerEnable,

@@ -26,29 +26,28 @@ bool located(const Call& call, const Row& row) {
   return true;
 }
 
-// Replies an option of the call's row whole. FAILURE, and nothing replied, when there is no such row or option.
-int read_host(Call& call, const Row& row, const char* option) {
+// Replies an option of the call's row whole. False, and nothing replied, when there is no such row or option.
+bool read_host(Call& call, const Row& row, const char* option) {
   Text<12> section;
   section.print("%d", call.instance(row.position));
-  return uci_raw_extract_value_By_path("hosts", section.c_str(), option, call.output());
+  return uci_raw_extract_value_By_path("hosts", section.c_str(), option, call.output()) == 0;
 }
 
-int reply_host(Call& call, const Row& row, const char* option, const char* fallback, LogMessage missing) {
+bool reply_host(Call& call, const Row& row, const char* option, const char* fallback, LogMessage missing) {
   generate_host_info();
-  if (!located(call, row)) return refuse(call, row.unlocated);
-  if (read_host(call, row, option) == SUCCESS) return SUCCESS;
+  if (!located(call, row)) return call.refuse(row.unlocated);
+  if (read_host(call, row, option)) return true;
   missing.print(call.origin());
   return call.reply(fallback);
 }
 
 constexpr auto host_field(Row row, const char* option, const char* fallback, LogMessage missing = {}) {
-  return [=](Call& call) IN_CODE { return reply_host(call, row, option, fallback, missing.copy()); };
+  return [=](Call& call) { return reply_host(call, row, option, fallback, missing); };
 }
 
-int host_count(Call& call) {
+bool host_count(Call& call) {
   generate_host_info();
-  const bool read = uci_raw_extract_value_By_path("hosts", "info", "count", call.output()) == SUCCESS;
-  return read ? SUCCESS : call.reply("0");
+  return uci_raw_extract_value_By_path("hosts", "info", "count", call.output()) == 0 || call.reply("0");
 }
 
 // ---- The interface that a host was seen on, as each tree refers to it ----
@@ -75,22 +74,22 @@ const Reference& reference_for(const char* device_interface) {
 
 // Replies what `refer` makes of the row's interface, empty for a row that does not exist.
 template <typename Refer>
-int reply_reference(Call& call, const Row& row, Refer refer) {
+bool reply_reference(Call& call, const Row& row, Refer refer) {
   generate_host_info();
-  if (!located(call, row)) return refuse(call, row.unlocated);
-  if (read_host(call, row, "lay2if") != SUCCESS) return call.reply("");
+  if (!located(call, row)) return call.refuse(row.unlocated);
+  if (!read_host(call, row, "lay2if")) return call.reply("");
   return call.reply(refer(call.output()));
 }
 
-int lan_device_reference(Call& call) {
+bool lan_device_reference(Call& call) {
   return reply_reference(call, LAN_ROW, [](const char* interface) { return reference_for(interface).lan_device; });
 }
 
-int layer1_reference(Call& call) {
+bool layer1_reference(Call& call) {
   return reply_reference(call, HOSTS_ROW, [](const char* interface) { return reference_for(interface).device; });
 }
 
-int layer3_reference(Call& call) {
+bool layer3_reference(Call& call) {
   return reply_reference(call, HOSTS_ROW, [](const char*) { return "Device.IP.Interface.2."; });
 }
 
@@ -99,24 +98,24 @@ constexpr auto lease_is_read_only = refused("FTSHLTR.\n");
 }  // namespace
 
 // clang-format off
-PARAMETER(LANDevice_Hosts_HostNumberOfEntries,        host_count,                                                  read_only)
-PARAMETER(LANDevice_Hosts_Host_IPAddress,             host_field(LAN_ROW, "ip", "", "uci get error\n"),            read_only)
-PARAMETER(LANDevice_Hosts_Host_MACAddress,            host_field(LAN_ROW, "mac", "0:0:0:0:0:0"),                   read_only)
-PARAMETER(LANDevice_Hosts_Host_HostName,              host_field(LAN_ROW, "hostname", "unkown"),                   read_only)
-PARAMETER(LANDevice_Hosts_Host_AddressSource,         host_field(LAN_ROW, "addresssource", ""),                    read_only)
-PARAMETER(LANDevice_Hosts_Host_LeaseTimeRemaining,    host_field(LAN_ROW, "lease_remain", "0"),                    lease_is_read_only)
-PARAMETER(LANDevice_Hosts_Host_InterfaceType,         host_field(LAN_ROW, "iftype", " "),                          read_only)
-PARAMETER(LANDevice_Hosts_Host_Active,                host_field(LAN_ROW, "active", "unkown"),                     read_only)
-PARAMETER(LANDevice_Hosts_Host_Layer2Interface,       lan_device_reference,                                        read_only)
+PARAMETER(LANDevice_Hosts_HostNumberOfEntries,     host_count,                                       read_only)
+PARAMETER(LANDevice_Hosts_Host_IPAddress,          host_field(LAN_ROW, "ip", "", "uci get error\n"), read_only)
+PARAMETER(LANDevice_Hosts_Host_MACAddress,         host_field(LAN_ROW, "mac", "0:0:0:0:0:0"),        read_only)
+PARAMETER(LANDevice_Hosts_Host_HostName,           host_field(LAN_ROW, "hostname", "unkown"),        read_only)
+PARAMETER(LANDevice_Hosts_Host_AddressSource,      host_field(LAN_ROW, "addresssource", ""),         read_only)
+PARAMETER(LANDevice_Hosts_Host_LeaseTimeRemaining, host_field(LAN_ROW, "lease_remain", "0"),         lease_is_read_only)
+PARAMETER(LANDevice_Hosts_Host_InterfaceType,      host_field(LAN_ROW, "iftype", " "),               read_only)
+PARAMETER(LANDevice_Hosts_Host_Active,             host_field(LAN_ROW, "active", "unkown"),          read_only)
+PARAMETER(LANDevice_Hosts_Host_Layer2Interface,    lan_device_reference,                             read_only)
 
-ALIAS(Hosts_HostNumberOfEntries, LANDevice_Hosts_HostNumberOfEntries)
-PARAMETER(Hosts_Host_IPAddress,                       host_field(HOSTS_ROW, "ip", "", "uci get error\n"),          read_only)
-PARAMETER(Hosts_Host_PhysAddress,                     host_field(HOSTS_ROW, "mac", "0:0:0:0:0:0"),                 read_only)
-PARAMETER(Hosts_Host_HostName,                        host_field(HOSTS_NAME_ROW, "hostname", "unkown"),            read_only)
-PARAMETER(Hosts_Host_AddressSource,                   host_field(HOSTS_ROW, "addresssource", ""),                  read_only)
-PARAMETER(Hosts_Host_LeaseTimeRemaining,              host_field(HOSTS_ROW, "lease_remain", "0"),                  lease_is_read_only)
-PARAMETER(Hosts_Host_InterfaceType,                   host_field(HOSTS_ROW, "iftype", " "),                        read_only)
-PARAMETER(Hosts_Host_Active,                          host_field(HOSTS_ROW, "active", "unkown"),                   read_only)
-PARAMETER(Hosts_Host_Layer1Interface,                 layer1_reference,                                            read_only)
-PARAMETER(Hosts_Host_Layer3Interface,                 layer3_reference,                                            read_only)
+ALIAS(Hosts_HostNumberOfEntries,         LANDevice_Hosts_HostNumberOfEntries)
+PARAMETER(Hosts_Host_IPAddress,          host_field(HOSTS_ROW, "ip", "", "uci get error\n"), read_only)
+PARAMETER(Hosts_Host_PhysAddress,        host_field(HOSTS_ROW, "mac", "0:0:0:0:0:0"),        read_only)
+PARAMETER(Hosts_Host_HostName,           host_field(HOSTS_NAME_ROW, "hostname", "unkown"),   read_only)
+PARAMETER(Hosts_Host_AddressSource,      host_field(HOSTS_ROW, "addresssource", ""),         read_only)
+PARAMETER(Hosts_Host_LeaseTimeRemaining, host_field(HOSTS_ROW, "lease_remain", "0"),         lease_is_read_only)
+PARAMETER(Hosts_Host_InterfaceType,      host_field(HOSTS_ROW, "iftype", " "),               read_only)
+PARAMETER(Hosts_Host_Active,             host_field(HOSTS_ROW, "active", "unkown"),          read_only)
+PARAMETER(Hosts_Host_Layer1Interface,    layer1_reference,                                   read_only)
+PARAMETER(Hosts_Host_Layer3Interface,    layer3_reference,                                   read_only)
 // clang-format on

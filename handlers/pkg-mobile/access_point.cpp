@@ -30,46 +30,46 @@ OptionName option_in_use(const SlotOption& option, Origin origin) {
 }
 
 // Leaves the output as it is when the option cannot be read.
-int reply_slot_option(Call& call, const SlotOption& option) {
-  uci_raw_extract_value(mobile.package, mobile.name, option_in_use(option, call.origin()).c_str(), call.output());
-  return SUCCESS;
+bool reply_slot_option(Call& call, const SlotOption& option) {
+  reply_option(call, mobile, option_in_use(option, call.origin()).c_str());
+  return true;
 }
 
-int store_slot_option(Call& call, const SlotOption& option) {
+bool store_slot_option(Call& call, const SlotOption& option) {
   const OptionName name = option_in_use(option, call.origin());
-  return store_option(call, mobile, name.c_str(), 0, option.not_stored);
+  return store_option(call, mobile, name.c_str(), call.value(), 0, option.not_stored);
 }
 
 constexpr auto slot_option(SlotOption option) {
-  return [=](Call& call) IN_CODE { return reply_slot_option(call, option); };
+  return [=](Call& call) { return reply_slot_option(call, option); };
 }
 
 constexpr auto store_slot(SlotOption option) {
-  return [=](Call& call) IN_CODE { return store_slot_option(call, option); };
+  return [=](Call& call) { return store_slot_option(call, option); };
 }
 
 // ---- Access point name: the network's own choice, or one that the server has set ----
 
-int access_point_name(Call& call) {
+bool access_point_name(Call& call) {
   Text<8> isp;
-  const bool chosen = read_option(mobile, "isp", isp.span()) == SUCCESS && !(isp == "auto");
+  const bool chosen = read_option(mobile, "isp", isp.span()) && !(isp == "auto");
   if (chosen) return reply_slot_option(call, apn);
   return reply_answer(call, "cat /var/run/4g/getregsta", "FTGGR.\n");
 }
 
-int set_access_point_name(Call& call) {
-  if (store_slot_option(call, apn) != SUCCESS) return FAILURE;
-  if (uci_raw_set_value(mobile.package, mobile.name, "isp", "manual") == 0) return SUCCESS;
+bool set_access_point_name(Call& call) {
+  if (!store_slot_option(call, apn)) return false;
+  if (write_option(mobile, "isp", "manual")) return true;
   LOG("FTSCAIM.\n");
-  return FAILURE;
+  return false;
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(Cellular_AccessPoint_APN,       if_present(access_point_name),             if_present(set_access_point_name))
-PARAMETER(Cellular_AccessPoint_Enable,    if_present(constant("1"), "0"),            switch_option("isp", "auto", nullptr, "FTSCAIA.\n"))
-PARAMETER(Cellular_AccessPoint_Username,  if_present(slot_option(username)),         if_present(store_slot(username)))
-PARAMETER(Cellular_AccessPoint_Password,  if_present(slot_option(password)),         if_present(store_slot(password)))
-PARAMETER(Cellular_AccessPoint_Interface, constant("Device.Cellular.Interface.1"),   read_only)
+PARAMETER(Cellular_AccessPoint_APN,       if_present(access_point_name),           if_present(set_access_point_name))
+PARAMETER(Cellular_AccessPoint_Enable,    if_present(constant("1"), "0"),          switch_option("isp", "auto", nullptr, "FTSCAIA.\n"))
+PARAMETER(Cellular_AccessPoint_Username,  if_present(slot_option(username)),       if_present(store_slot(username)))
+PARAMETER(Cellular_AccessPoint_Password,  if_present(slot_option(password)),       if_present(store_slot(password)))
+PARAMETER(Cellular_AccessPoint_Interface, constant("Device.Cellular.Interface.1"), read_only)
 // clang-format on

@@ -9,7 +9,7 @@ namespace {
 
 using namespace kova;
 
-int status(Call& call) {
+bool status(Call& call) {
   const Text<100> up = interface_status<100>(kMobile, INTERFACE_UP);
   if (up.empty() || up == "0") return call.reply("Down");
   return call.reply(up == "1" ? "Up" : "Error");
@@ -17,7 +17,7 @@ int status(Call& call) {
 
 // A line that the modem's service keeps.
 constexpr auto service_line(const char* command, LogMessage nothing) {
-  return [=](Call& call) IN_CODE { return reply_answer(call, command, nothing.copy()); };
+  return [=](Call& call) { return reply_answer(call, command, nothing); };
 }
 
 }  // namespace
@@ -33,12 +33,12 @@ PARAMETER(Cellular_Interface_IMEI,       if_present(service_line("cat /var/run/4
 PARAMETER(Cellular_Interface_USIM_IMSI,  if_present(service_line("cat /var/run/4g/getimsi", "FTGIMSI. \n")),            read_only)
 PARAMETER(Cellular_Interface_USIM_ICCID, if_present(service_line("cat /var/run/4g/geticcid", "FTGICCID.\n")),           read_only)
 
-PARAMETER(Cellular_Interface_CurrentAccessTechnology, if_present(access_technology),                              read_only)
-PARAMETER(Cellular_Interface_RSSI,                    if_present(signal_strength),                                read_only)
-PARAMETER(Cellular_Interface_RSRP,                    if_present(serving_cell({13, 12, 14}, "FTGRPR. \n")),       read_only)
-PARAMETER(Cellular_Interface_RSRQ,                    if_present(serving_cell({14, 13, 15}, "FTGRQ. \n")),        read_only)
-PARAMETER(Cellular_Interface_SINR,                    if_present(serving_cell({15, 15, 17}, "FTGSINR. \n")),      read_only)
-PARAMETER(Cellular_Interface_CELLID,                  if_present(serving_cell({7, 5, 7}, "FTGCID. \n")),          read_only)
+PARAMETER(Cellular_Interface_CurrentAccessTechnology, if_present(access_technology),                         read_only)
+PARAMETER(Cellular_Interface_RSSI,                    if_present(signal_strength),                           read_only)
+PARAMETER(Cellular_Interface_RSRP,                    if_present(serving_cell({13, 12, 14}, "FTGRPR. \n")),  read_only)
+PARAMETER(Cellular_Interface_RSRQ,                    if_present(serving_cell({14, 13, 15}, "FTGRQ. \n")),   read_only)
+PARAMETER(Cellular_Interface_SINR,                    if_present(serving_cell({15, 15, 17}, "FTGSINR. \n")), read_only)
+PARAMETER(Cellular_Interface_CELLID,                  if_present(serving_cell({7, 5, 7}, "FTGCID. \n")),     read_only)
 
 PARAMETER(Cellular_Interface_Stats_BytesSent,       link_counter(kMobile, COUNTER_BYTES_SENT),       read_only)
 PARAMETER(Cellular_Interface_Stats_BytesReceived,   link_counter(kMobile, COUNTER_BYTES_RECEIVED),   read_only)

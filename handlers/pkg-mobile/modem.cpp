@@ -18,16 +18,16 @@ constexpr char kServingCell[]    = R"(ubus call network.gcom at '{"device":"%s",
 // Takes the line that has the values; on a 5G cell beside an LTE one that is the LTE cell's, which comes before.
 constexpr const char* kCellLine[UNKNOWN] = {"tail -n 1", "tail -n 2 | head -n 1", "tail -n 1"};
 
-// The device that AT commands are for. FAILURE, and `missing` logged, when none is configured.
-int read_device(Device& device, Origin origin, LogMessage missing) {
-  if (read_option(mobile, "cdevice", device.span()) == SUCCESS) return SUCCESS;
+// The device that AT commands are for. False, and `missing` logged, when none is configured.
+bool read_device(Device& device, Origin origin, LogMessage missing) {
+  if (read_option(mobile, "cdevice", device.span())) return true;
   missing.print(origin, mobile.name);
-  return FAILURE;
+  return false;
 }
 
-int reply_no_device(Call& call) {
+bool reply_no_device(Call& call) {
   call.reply("0");
-  return FAILURE;
+  return false;
 }
 
 Command serving_cell_query(const Device& device) {
@@ -40,7 +40,7 @@ Command serving_cell_query(const Device& device) {
 
 NetMode cellular_net_mode() {
   Device device;
-  if (read_device(device, HERE, "GCDE %s \n\n") != SUCCESS) return UNKNOWN;
+  if (!read_device(device, HERE, "GCDE %s \n\n")) return UNKNOWN;
   const Answer answer = answer_of(serving_cell_query(device).c_str());
   if (answer.empty()) {
     LOG("GAQSF.. \n");
@@ -53,23 +53,23 @@ NetMode cellular_net_mode() {
   return UNKNOWN;
 }
 
-int access_technology(Call& call) {
+bool access_technology(Call& call) {
   Device device;
-  if (read_device(device, call.origin(), "GCDE %s \n\n") != SUCCESS) return call.reply("0");
+  if (!read_device(device, call.origin(), "GCDE %s \n\n")) return call.reply("0");
   return call.reply(kNetModeNames[cellular_net_mode()]);
 }
 
-int signal_strength(Call& call) {
+bool signal_strength(Call& call) {
   Device device;
-  if (read_device(device, call.origin(), "GCDE %s\n\n") != SUCCESS) return reply_no_device(call);
+  if (!read_device(device, call.origin(), "GCDE %s\n\n")) return reply_no_device(call);
   Command command;
   command.print(kSignalStrength, device.c_str());
   return reply_answer(call, command.c_str(), "failed to get RSSI. \n");
 }
 
-int reply_cell_value(Call& call, const CellField& field, LogMessage nothing) {
+bool reply_cell_value(Call& call, const CellField& field, LogMessage nothing) {
   Device device;
-  if (read_device(device, call.origin(), " GCDE %s \n\n") != SUCCESS) return reply_no_device(call);
+  if (!read_device(device, call.origin(), " GCDE %s \n\n")) return reply_no_device(call);
   const NetMode mode = cellular_net_mode();
   if (mode == UNKNOWN) return call.reply("");
   Command command;

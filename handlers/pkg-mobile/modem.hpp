@@ -14,18 +14,18 @@ NetMode cellular_net_mode();
 
 // ---- Getters. Without a modem they reply "0"; all but the access technology then fail. ----
 
-int access_technology(Call& call);
-int signal_strength(Call& call);
+bool access_technology(Call& call);
+bool signal_strength(Call& call);
 
 // The field of the serving cell's line, counted from 1, that holds a value in each mode but UNKNOWN.
 struct CellField {
   int in_mode[UNKNOWN];
 };
 
-int reply_cell_value(Call& call, const CellField& field, LogMessage nothing);
+bool reply_cell_value(Call& call, const CellField& field, LogMessage nothing);
 
 constexpr auto serving_cell(CellField field, LogMessage nothing) {
-  return [=](Call& call) IN_CODE { return reply_cell_value(call, field, nothing.copy()); };
+  return [=](Call& call) { return reply_cell_value(call, field, nothing); };
 }
 
 }  // namespace kova

@@ -9,20 +9,20 @@ using namespace kova;
 
 constexpr auto if_dhcp(auto word, const char* otherwise = "") { return if_protocol(exactly("dhcp"), word, otherwise); }
 
-int enabled(Call& call) {
+bool enabled(Call& call) {
   Protocol protocol;
-  if (read_protocol(protocol) != SUCCESS) {
+  if (!read_protocol(protocol)) {
     LOG("uci get error.\n");
-    return FAILURE;
+    return false;
   }
   return call.reply(protocol == "dhcp" ? "1" : "0");
 }
 
-int set_enabled(Call& call) {
+bool set_enabled(Call& call) {
   const char* type = nullptr;
   if (call.value_is("0")) type = "static_ip";
   if (call.value_is("1")) type = "dynamic_ip";
-  if (type == nullptr) return FAILURE;
+  if (type == nullptr) return false;
   return record_verify(call, {kVerifyQuoted, "wan_type", type}, "WSDE.\n");
 }
 

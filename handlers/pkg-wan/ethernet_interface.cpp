@@ -24,35 +24,38 @@ Output ask(const char* form, const NetworkInterface& interface) {
   const Device device = device_of(interface);
   Command command;
   if (device.empty() || !command.print(form, device.c_str())) return {};
-  return printed_line<Output::capacity()>(command.c_str());
+  return logged_first_line<Output::capacity()>(command.c_str());
 }
 
-int status(Call& call) {
+bool status(Call& call) {
   const NetworkInterface* interface = interface_of(call);
-  if (interface == nullptr) return FAILURE;
+  if (interface == nullptr) return false;
   return call.reply(is_up(ask(kUpCommand, *interface).c_str()) ? "Up" : "Down");
 }
 
-int name(Call& call) {
+bool name(Call& call) {
   const NetworkInterface* interface = interface_of(call);
-  if (interface == nullptr) return FAILURE;
+  if (interface == nullptr) return false;
   return reply_option(call, {"network", interface->name}, "ifname", "Unknown");
 }
 
-int mac_address(Call& call) {
+bool mac_address(Call& call) {
   const NetworkInterface* interface = interface_of(call);
-  if (interface == nullptr) return FAILURE;
+  if (interface == nullptr) return false;
   return reply_or(call, ask("ifconfig %s | grep HWaddr | awk '{print $5}'", *interface).c_str(), "0:0:0:0:0:0");
 }
 
-// The handler of a counter. Without an answer it replies "0", and fails all the same.
-int32_t eth_iface_stats(int32_t operation, va_list arguments, bus_status_query code) {
-  Call call(operation, place_of(arguments), HERE);
+// Without an answer it replies "0", and fails all the same.
+bool reply_counter(Call& call, bus_status_query query) {
   const NetworkInterface* interface = interface_of(call);
-  if (!call.is_get() || interface == nullptr) return FAILURE;
-  const Text<128> count = device_status(device_of(*interface).c_str(), code);
+  if (interface == nullptr) return false;
+  const Text<128> count = device_status(device_of(*interface).c_str(), query);
   reply_or(call, count.c_str(), "0");
-  return count.empty() ? FAILURE : SUCCESS;
+  return !count.empty();
+}
+
+constexpr auto device_counter(bus_status_query query) {
+  return [=](Call& call) { return reply_counter(call, query); };
 }
 
 }  // namespace
@@ -64,10 +67,10 @@ PARAMETER(Ethernet_Interface_Status,         status,        read_only)
 PARAMETER(Ethernet_Interface_Name,           name,          read_only)
 PARAMETER(Ethernet_Interface_MACAddress,     mac_address,   read_only)
 
-ALIAS(Ethernet_Interface_Stats_BytesSent,       eth_iface_stats, DEVICE_TX_BYTES)
-ALIAS(Ethernet_Interface_Stats_PacketsSent,     eth_iface_stats, DEVICE_TX_PACKETS)
-ALIAS(Ethernet_Interface_Stats_ErrorsSent,      eth_iface_stats, DEVICE_TX_ERRORS)
-ALIAS(Ethernet_Interface_Stats_BytesReceived,   eth_iface_stats, DEVICE_RX_BYTES)
-ALIAS(Ethernet_Interface_Stats_PacketsReceived, eth_iface_stats, DEVICE_RX_PACKETS)
-ALIAS(Ethernet_Interface_Stats_ErrorsReceived,  eth_iface_stats, DEVICE_RX_ERRORS)
+PARAMETER(Ethernet_Interface_Stats_BytesSent,       device_counter(DEVICE_TX_BYTES),   read_only)
+PARAMETER(Ethernet_Interface_Stats_PacketsSent,     device_counter(DEVICE_TX_PACKETS), read_only)
+PARAMETER(Ethernet_Interface_Stats_ErrorsSent,      device_counter(DEVICE_TX_ERRORS),  read_only)
+PARAMETER(Ethernet_Interface_Stats_BytesReceived,   device_counter(DEVICE_RX_BYTES),   read_only)
+PARAMETER(Ethernet_Interface_Stats_PacketsReceived, device_counter(DEVICE_RX_PACKETS), read_only)
+PARAMETER(Ethernet_Interface_Stats_ErrorsReceived,  device_counter(DEVICE_RX_ERRORS),  read_only)
 // clang-format on

@@ -12,25 +12,25 @@ namespace {
 using namespace kova;
 
 // All bridges of the router, of which there is always one.
-int bridges(Call& call) {
-  const int count = leading_integer(printed_line<128>("ifconfig | grep 'br-' | wc -l").c_str());
+bool bridges(Call& call) {
+  const int count = leading_number(logged_first_line<128>("ifconfig | grep 'br-' | wc -l").c_str());
   call.reply("Device.Bridging.Bridge.1");
   char* end = call.output() + strlen(call.output());
   for (int number = 2; number <= count; ++number) end += sprintf(end, ",Device.Bridging.Bridge.%d", number);
-  return SUCCESS;
+  return true;
 }
 
-int mac_address(Call& call) {
+bool mac_address(Call& call) {
   const NetworkInterface* interface = interface_of(call);
-  if (interface == nullptr) return FAILURE;
+  if (interface == nullptr) return false;
   return reply_device_mac(call, interface_status<32>(interface->name, INTERFACE_DEVICE).c_str());
 }
 
 }  // namespace
 
 // clang-format off
-PARAMETER(Ethernet_Link_LowerLayers, by_interface(constant("Device.Ethernet.Interface.1"), bridges, constant("Device.Ethernet.Interface.3"), untouched), read_only)
-PARAMETER(Ethernet_Link_MACAddress,  mac_address,                                                                                                        read_only)
+PARAMETER(Ethernet_Link_LowerLayers, by_interface(constant("Device.Ethernet.Interface.1"), bridges, constant("Device.Ethernet.Interface.3"), ignored), read_only)
+PARAMETER(Ethernet_Link_MACAddress,  mac_address,                                                                                                      read_only)
 
 ALIAS(Ethernet_LinkNumberOfEntries, IP_InterfaceNumberOfEntries)
 ALIAS(Ethernet_Link_Enable,         IP_Interface_Enable)

@@ -52,9 +52,9 @@ const NetworkInterface* interface_of(const Call& call) {
   return number >= WAN && number <= MOBILE ? &kInterfaces[number - 1] : nullptr;
 }
 
-int forward_counter(Call& call, parameter_handler Counters::*counter) {
+bool forward_counter(Call& call, parameter_handler Counters::*counter) {
   const NetworkInterface* interface = interface_of(call);
-  return interface != nullptr ? call.forward(interface->counters.*counter) : FAILURE;
+  return interface != nullptr && call.forward(interface->counters.*counter);
 }
 
 }  // namespace kova

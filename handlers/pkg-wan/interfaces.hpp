@@ -33,16 +33,13 @@ std::span<const NetworkInterface> network_interfaces();
 const NetworkInterface* interface_of(const Call& call);
 
 // Passes the call on to the interface's own counter.
-int forward_counter(Call& call, parameter_handler Counters::*counter);
+bool forward_counter(Call& call, parameter_handler Counters::*counter);
 
 // ---- Getters and setters ----
 
-// Leaves the reply as it is.
-inline constexpr auto untouched = ignored;
-
 // A word for each interface, and one for all other numbers.
 constexpr auto by_interface(auto wan_word, auto lan_word, auto mobile_word, auto other) {
-  return [=](Call& call) IN_CODE {
+  return [=](Call& call) {
     switch (call.instance(0)) {
       case WAN:
         return wan_word(call);
@@ -61,7 +58,7 @@ constexpr auto by_interface(auto wan_word, auto lan_word, auto mobile_word) {
 }
 
 constexpr auto counter(parameter_handler Counters::*counter) {
-  return [=](Call& call) IN_CODE { return forward_counter(call, counter); };
+  return [=](Call& call) { return forward_counter(call, counter); };
 }
 
 }  // namespace kova

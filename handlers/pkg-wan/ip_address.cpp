@@ -44,16 +44,16 @@ const Entry* entry_of(const Call& call) {
 
 // What `word` does for the active entry, `otherwise` for any other. Fails when the protocol cannot be read.
 constexpr auto if_active(auto word, auto otherwise) {
-  return [=](Call& call) IN_CODE {
+  return [=](Call& call) {
     Protocol protocol;
-    if (read_protocol(protocol) != SUCCESS) return FAILURE;
+    if (!read_protocol(protocol)) return false;
     const Entry* entry = entry_of(call);
     return entry != nullptr && protocol == entry->protocol ? word(call) : otherwise(call);
   };
 }
 
 constexpr auto forward_to_entry(parameter_handler Entry::*target) {
-  return [=](Call& call) IN_CODE {
+  return [=](Call& call) {
     const parameter_handler handler = entry_of(call)->*target;
     return handler != nullptr ? call.forward(handler) : call.reply("");
   };
@@ -61,24 +61,24 @@ constexpr auto forward_to_entry(parameter_handler Entry::*target) {
 
 // Only an address that is not assigned by somebody else can be set.
 constexpr auto if_static(auto word) {
-  return [=](Call& call) IN_CODE { return call.instance(1) == kStatic ? if_active(word, refused())(call) : FAILURE; };
+  return [=](Call& call) { return call.instance(1) == kStatic && if_active(word, refused())(call); };
 }
 
-int set_enable(Call& call) {
+bool set_enable(Call& call) {
   const Entry* entry = entry_of(call);
-  if (entry == nullptr) return FAILURE;
+  if (entry == nullptr) return false;
   return record_verify(call, {kVerifyQuoted, entry->key, call.value_is("1") ? entry->on : entry->off}, "SIIIAE.\n");
 }
 
-int addressing_type(Call& call) {
+bool addressing_type(Call& call) {
   const Entry* entry = entry_of(call);
-  return entry != nullptr ? call.reply(entry->addressing) : FAILURE;
+  return entry != nullptr && call.reply(entry->addressing);
 }
 
 // ---- The mobile interface's entry ----
 
-int mobile_status(Call& call) {
-  const bool enabled = call.forward(Cellular_Interface_Enable) == SUCCESS && strcmp(call.output(), "1") == 0;
+bool mobile_status(Call& call) {
+  const bool enabled = call.forward(Cellular_Interface_Enable) && strcmp(call.output(), "1") == 0;
   return call.reply(enabled ? "Enabled" : "Disabled");
 }
 

@@ -13,21 +13,10 @@ using namespace kova;
 
 constexpr LogMessage kNoFirewall = "[ERR]uci failed to load config:firewall\n";
 
-int number_of_mappings(Call& call) {
+bool number_of_mappings(Call& call) {
   const WalkedPackage firewall("firewall", HERE, "[ERR]uci failed to load config:firwall\n");
-  if (!firewall) return FAILURE;
-  int count = 0;
-  for ([[maybe_unused]] uci_section* mapping : firewall.sections("redirect")) ++count;
-  return call.reply_number(count);
-}
-
-int reply_field(Call& call, int32_t number, const char* option) {
-  const WalkedPackage firewall("firewall", HERE, kNoFirewall);
-  if (!firewall) return FAILURE;
-  uci_section* mapping = firewall.sections("redirect").nth(number);
-  if (mapping == nullptr) return FAILURE;
-  const char* value = firewall.string(mapping, option);
-  return call.reply(value != nullptr ? value : "");
+  if (!firewall) return false;
+  return call.reply_number(firewall.sections("redirect").count());
 }
 
 // ---- Values: as they are written, or nullptr for one that is refused ----
@@ -43,57 +32,55 @@ const char* protocol(const Call& call) {
 
 const char* any_text(const Call& call) { return call.value(); }
 
-// ---- Changes: written at once, taken over by the firewall when the agent runs the recorded command ----
+// ---- Fields of a mapping. A change is written at once; the firewall takes it over when the agent runs the recorded
+// command. ----
 
 constexpr char kQuoted[] = "uci set firewall.%s.%s='%s' && uci commit";
 constexpr char kBare[] = "uci set firewall.%s.%s=%s && uci commit";  // the shell sees the value's blanks and more
 
-// One field of a mapping.
 struct Field {
   const char* option;
   const char* (*accepted)(const Call&);
   const char* command;
+
+  bool get(Call& call, int32_t number) const;
+  bool set(Call& call, int32_t number) const;
+  bool write(int32_t number, const char* value) const;
 };
 
-int write_field(int32_t number, const Field& field, const char* value) {
+bool Field::get(Call& call, int32_t number) const {
   const WalkedPackage firewall("firewall", HERE, kNoFirewall);
-  if (!firewall) return FAILURE;
-  return write_at_once(field.command, firewall.sections("redirect").nth(number), field.option, value);
+  if (!firewall) return false;
+  uci_section* mapping = firewall.sections("redirect").nth(number);
+  if (mapping == nullptr) return false;
+  const char* value = firewall.string(mapping, option);
+  return call.reply(value != nullptr ? value : "");
 }
 
-int set_field(Call& call, int32_t number, const Field& field) {
-  const char* value = field.accepted(call);
-  if (value == nullptr || write_field(number, field, value) != SUCCESS) return FAILURE;
-  if (record_task_cmd_once("/usr/bin/tr069/cwmp-nat &") != 0) {
-    LOG("SPME.\n");
-    return FAILURE;
-  }
-  return call.mark(APPLY_TASK_COMMANDS);
+bool Field::write(int32_t number, const char* value) const {
+  const WalkedPackage firewall("firewall", HERE, kNoFirewall);
+  return firewall && write_at_once(command, firewall.sections("redirect").nth(number), option, value);
 }
 
-int work(Call& call, int32_t position, const Field& field) {
-  const int32_t number = call.instance(static_cast<std::size_t>(position));
-  return call.is_get() ? reply_field(call, number, field.option) : set_field(call, number, field);
+bool Field::set(Call& call, int32_t number) const {
+  const char* value = accepted(call);
+  if (value == nullptr || !write(number, value)) return false;
+  if (record_task_cmd_once("/usr/bin/tr069/cwmp-nat &") == 0) return call.mark(APPLY_TASK_COMMANDS);
+  LOG("SPME.\n");
+  return false;
 }
 
 }  // namespace
 
-// The handler of a field, for every place in the data model that has it.
-#define WORKER(worker, option, accepted, command)                          \
-  int32_t worker(int32_t operation, va_list arguments, int32_t position) { \
-    kova::Call call(operation, kova::place_of(arguments), HERE);           \
-    return work(call, position, {option, accepted, command});              \
-  }
-
 // clang-format off
-WORKER(PortMapping_ExternalPort,           "src_dport", port,     kQuoted)
-WORKER(PortMapping_InternalPort,           "dest_port", port,     kQuoted)
-WORKER(PortMapping_PortMappingProtocol,    "proto",     protocol, kQuoted)
-WORKER(PortMapping_InternalClient,         "dest_ip",   address_value, kBare)
-WORKER(PortMapping_PortMappingDescription, "name",      any_text, kBare)
+int32_t PortMapping_ExternalPort(int32_t operation, va_list arguments, int32_t position)           { return serve_field(operation, arguments, position, HERE, Field{"src_dport", port,          kQuoted}); }
+int32_t PortMapping_InternalPort(int32_t operation, va_list arguments, int32_t position)           { return serve_field(operation, arguments, position, HERE, Field{"dest_port", port,          kQuoted}); }
+int32_t PortMapping_PortMappingProtocol(int32_t operation, va_list arguments, int32_t position)    { return serve_field(operation, arguments, position, HERE, Field{"proto",     protocol,      kQuoted}); }
+int32_t PortMapping_InternalClient(int32_t operation, va_list arguments, int32_t position)         { return serve_field(operation, arguments, position, HERE, Field{"dest_ip",   address_value, kBare}); }
+int32_t PortMapping_PortMappingDescription(int32_t operation, va_list arguments, int32_t position) { return serve_field(operation, arguments, position, HERE, Field{"name",      any_text,      kBare}); }
 
-PARAMETER(WANDevice_WANConnectionDevice_WANIPConnection_PortMappingNumberOfEntries, number_of_mappings, read_only)
-// Last stands the place of the mapping's number among the instance numbers: behind the three of WANDevice, or first.
+PARAMETER(WANDevice_WANConnectionDevice_WANIPConnection_PortMappingNumberOfEntries,     number_of_mappings,                 read_only)
+// The number says where in the path the mapping's number stands: behind the three of WANDevice, or first.
 ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_ExternalPort,           PortMapping_ExternalPort,           3)
 ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_InternalPort,           PortMapping_InternalPort,           3)
 ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_PortMappingProtocol,    PortMapping_PortMappingProtocol,    3)

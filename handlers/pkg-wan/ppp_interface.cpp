@@ -6,12 +6,12 @@
 using namespace kova;
 
 // clang-format off
-PARAMETER(PPP_SupportedNCPs,             constant("IPCP"),                                                                                         read_only)
-PARAMETER(PPP_InterfaceNumberOfEntries,  constant("1"),                                                                                            read_only)
-PARAMETER(PPP_Interface_Name,            constant("wan_pppoe"),                                                                                    read_only)
-PARAMETER(PPP_Interface_LowerLayers,     constant("Device.Ethernet.Link.1"),                                                                       read_only)
-PARAMETER(PPP_Interface_Status,          if_protocol(in_any_case("pppoe"), up_flag(kWan, {"Up", "Down", "Unknown", "Unknown"}), "Disconnected"),    read_only)
-PARAMETER(PPP_Interface_IPCP_DNSServers, if_protocol(exactly("pppoe"), live_dns_servers, "0.0.0.0"),                                               read_only)
+PARAMETER(PPP_SupportedNCPs,             constant("IPCP"),                                                                                       read_only)
+PARAMETER(PPP_InterfaceNumberOfEntries,  constant("1"),                                                                                          read_only)
+PARAMETER(PPP_Interface_Name,            constant("wan_pppoe"),                                                                                  read_only)
+PARAMETER(PPP_Interface_LowerLayers,     constant("Device.Ethernet.Link.1"),                                                                     read_only)
+PARAMETER(PPP_Interface_Status,          if_protocol(in_any_case("pppoe"), up_flag(kWan, {"Up", "Down", "Unknown", "Unknown"}), "Disconnected"), read_only)
+PARAMETER(PPP_Interface_IPCP_DNSServers, if_protocol(exactly("pppoe"), live_dns_servers, "0.0.0.0"),                                             read_only)
 
 ALIAS(PPP_Interface_Enable,               WANDevice_WANConnectionDevice_WANPPPConnection_Enable)
 ALIAS(PPP_Interface_ConnectionStatus,     WANDevice_WANConnectionDevice_WANPPPConnection_ConnectionStatus)

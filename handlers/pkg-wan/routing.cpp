@@ -11,12 +11,10 @@ using namespace kova;
 
 constexpr LogMessage kNoNetwork = "[ERR]uci failed to load config:network\n";
 
-int number_of_routes(Call& call) {
+bool number_of_routes(Call& call) {
   const WalkedPackage network("network", call.origin(), kNoNetwork);
-  if (!network) return FAILURE;
-  int count = 0;
-  for ([[maybe_unused]] uci_section* route : network.sections("route")) ++count;
-  return call.reply_number(count);
+  if (!network) return false;
+  return call.reply_number(network.sections("route").count());
 }
 
 // ---- Values: as they are shown; and as they are written, or nullptr for one that is refused ----
@@ -38,58 +36,52 @@ const char* referenced_name(const Call& call) {
   return nullptr;
 }
 
-// One field of a route.
+// ---- Fields of a route. A change is written at once. ----
+
 struct Field {
   const char* option;
   const char* (*shown)(const char*);
   const char* (*accepted)(const Call&);
+
+  bool get(Call& call, int32_t number) const;
+  bool set(Call& call, int32_t number) const;
 };
 
-int reply_field(Call& call, const WalkedPackage& network, uci_section* route, const Field& field) {
-  if (route == nullptr) return FAILURE;
-  const char* value = network.string(route, field.option);
-  return call.reply(value != nullptr ? field.shown(value) : "");
+bool Field::get(Call& call, int32_t number) const {
+  const WalkedPackage network("network", call.origin(), kNoNetwork);
+  if (!network) return false;
+  uci_section* route = network.sections("route").nth(number);
+  if (route == nullptr) return false;
+  const char* value = network.string(route, option);
+  return call.reply(value != nullptr ? shown(value) : "");
 }
 
 // Marks the routes even when there is none of this number, and nothing to write.
-int set_field(Call& call, const uci_section* route, const Field& field) {
-  const char* value = field.accepted(call);
-  if (value == nullptr) return FAILURE;
-  if (write_at_once("uci set network.%s.%s=%s && uci commit", route, field.option, value) != SUCCESS) return FAILURE;
-  return call.mark(APPLY_ROUTES);
-}
-
-int work(Call& call, int32_t position, const Field& field) {
+bool Field::set(Call& call, int32_t number) const {
   const WalkedPackage network("network", call.origin(), kNoNetwork);
-  if (!network) return FAILURE;
-  uci_section* route = network.sections("route").nth(call.instance(static_cast<std::size_t>(position)));
-  return call.is_get() ? reply_field(call, network, route, field) : set_field(call, route, field);
+  if (!network) return false;
+  const char* value = accepted(call);
+  if (value == nullptr) return false;
+  const uci_section* route = network.sections("route").nth(number);
+  return write_at_once("uci set network.%s.%s=%s && uci commit", route, option, value) && call.mark(APPLY_ROUTES);
 }
 
 }  // namespace
 
-// The handler of a field, for every place in the data model that has it.
-#define WORKER(worker, option, shown, accepted)                            \
-  int32_t worker(int32_t operation, va_list arguments, int32_t position) { \
-    kova::Call call(operation, kova::place_of(arguments), HERE);           \
-    return work(call, position, {option, shown, accepted});                \
-  }
-
 int32_t Router_IPv4Forwarding_StaticRoute(int32_t operation, va_list arguments, int32_t /*position*/) {
-  Call call(operation, place_of(arguments), HERE);
-  return call.is_get() ? call.reply("1") : FAILURE;
+  return serve(operation, arguments, HERE, constant("1"), read_only);
 }
 
 // clang-format off
-WORKER(Router_IPv4Forwarding_Interface,        "interface", reference, referenced_name)
-WORKER(Router_IPv4Forwarding_DestIPAddress,    "target",    as_stored, address_value)
-WORKER(Router_IPv4Forwarding_DestSubnetMask,   "netmask",   as_stored, address_value)
-WORKER(Router_IPv4Forwarding_GatewayIPAddress, "gateway",   as_stored, address_value)
+int32_t Router_IPv4Forwarding_Interface(int32_t operation, va_list arguments, int32_t position)        { return serve_field(operation, arguments, position, HERE, Field{"interface", reference, referenced_name}); }
+int32_t Router_IPv4Forwarding_DestIPAddress(int32_t operation, va_list arguments, int32_t position)    { return serve_field(operation, arguments, position, HERE, Field{"target",    as_stored, address_value}); }
+int32_t Router_IPv4Forwarding_DestSubnetMask(int32_t operation, va_list arguments, int32_t position)   { return serve_field(operation, arguments, position, HERE, Field{"netmask",   as_stored, address_value}); }
+int32_t Router_IPv4Forwarding_GatewayIPAddress(int32_t operation, va_list arguments, int32_t position) { return serve_field(operation, arguments, position, HERE, Field{"gateway",   as_stored, address_value}); }
 
-PARAMETER(Routing_RouterNumberOfEntries,        constant("1"),    read_only)
-PARAMETER(Router_IPv4ForwardingNumberOfEntries, number_of_routes, read_only)
-ALIAS(Routing_Router_IPv4ForwardingNumberOfEntries, Router_IPv4ForwardingNumberOfEntries)
-// Last stands the place of the route's number among the instance numbers: behind that of the router.
+PARAMETER(Routing_RouterNumberOfEntries,              constant("1"),                          read_only)
+PARAMETER(Router_IPv4ForwardingNumberOfEntries,       number_of_routes,                       read_only)
+ALIAS(Routing_Router_IPv4ForwardingNumberOfEntries,   Router_IPv4ForwardingNumberOfEntries)
+// The number says where in the path the route's number stands: behind that of the router.
 ALIAS(Routing_Router_IPv4Forwarding_StaticRoute,      Router_IPv4Forwarding_StaticRoute,      1)
 ALIAS(Routing_Router_IPv4Forwarding_Interface,        Router_IPv4Forwarding_Interface,        1)
 ALIAS(Routing_Router_IPv4Forwarding_DestIPAddress,    Router_IPv4Forwarding_DestIPAddress,    1)

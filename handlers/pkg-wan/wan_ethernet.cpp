@@ -6,10 +6,10 @@
 using namespace kova;
 
 // clang-format off
-PARAMETER(WANDevice_WANEthernetInterfaceConfig_Enable,     constant("1"),                                          read_only)
+PARAMETER(WANDevice_WANEthernetInterfaceConfig_Enable,     constant("1"),                                        read_only)
 PARAMETER(WANDevice_WANEthernetInterfaceConfig_Status,     up_flag(kWan, {"Up", "NoLink", "Disabled", "Error"}), read_only)
-PARAMETER(WANDevice_WANEthernetInterfaceConfig_MaxBitRate, constant("Auto"),                                       read_only)
-PARAMETER(WANDevice_WANEthernetInterfaceConfig_DuplexMode, constant("Auto"),                                       read_only)
+PARAMETER(WANDevice_WANEthernetInterfaceConfig_MaxBitRate, constant("Auto"),                                     read_only)
+PARAMETER(WANDevice_WANEthernetInterfaceConfig_DuplexMode, constant("Auto"),                                     read_only)
 // clang-format on
 
 ALIAS(WANDevice_WANEthernetInterfaceConfig_MACAddress, WANDevice_WANConnectionDevice_WANIPConnection_MACAddress)

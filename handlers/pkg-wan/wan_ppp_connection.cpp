@@ -26,7 +26,7 @@ constexpr Called kCalled[] = {
     {"pptp", " ", "PPTP_Relay", "PPTP"},
 };
 
-int reply_called(Call& call, const Protocol& protocol, const char* Called::*word) {
+bool reply_called(Call& call, const Protocol& protocol, const char* Called::*word) {
   for (const Called& called : kCalled) {
     if (protocol == called.protocol) return call.reply(called.*word);
   }
@@ -34,12 +34,12 @@ int reply_called(Call& call, const Protocol& protocol, const char* Called::*word
 }
 
 constexpr auto running_protocol(const char* Called::*word) {
-  return [=](Call& call) IN_CODE {
+  return [=](Call& call) {
     return reply_called(call, interface_status<Protocol::capacity()>(kWan, INTERFACE_PROTO), word);
   };
 }
 
-int name(Call& call) {
+bool name(Call& call) {
   Protocol protocol;
   read_protocol(protocol);
   return reply_called(call, protocol, &Called::name);
@@ -55,22 +55,22 @@ constexpr auto if_ppp(auto word) { return if_protocol(is_ppp, word, ""); }
 
 // ---- Switch: of PPPoE alone, L2TP counts as off ----
 
-int pppoe_enabled(Call& call) {
+bool pppoe_enabled(Call& call) {
   Protocol protocol;
-  if (read_protocol(protocol) != SUCCESS) {
+  if (!read_protocol(protocol)) {
     LOG("uci get failed\n\n");
-    return FAILURE;
+    return false;
   }
   return call.reply(protocol == "pppoe" ? "1" : "0");
 }
 
-int set_pppoe_enabled(Call& call) {
+bool set_pppoe_enabled(Call& call) {
   const char* word = nullptr;
   if (call.value_is("1") || strcasecmp(call.value(), "true") == 0) word = "on";
   if (call.value_is("0") || strcasecmp(call.value(), "false") == 0) word = "off";
   if (word == nullptr) {
     LOG("Invalid param\n");
-    return FAILURE;
+    return false;
   }
   return record_verify(call, {kVerifyQuoted, "pppoe_enable", word}, "SPEE. \n");
 }
@@ -78,20 +78,20 @@ int set_pppoe_enabled(Call& call) {
 // ---- Settings ----
 
 // A value that is stored already changes nothing, so that the link is not taken down for it.
-int record_if_new(Call& call, const char* option, const char* key, LogMessage failure) {
+bool record_if_new(Call& call, const char* option, const char* key, LogMessage failure) {
   Text<1024> stored;
-  if (read_option(wan, option, stored.span()) == SUCCESS && call.value_is(stored.view())) return SUCCESS;
+  if (read_option(wan, option, stored.span()) && call.value_is(stored.view())) return true;
   return record_verify(call, {kVerifyQuotedAndSpace, key, call.value()}, failure);
 }
 
 constexpr auto verify_if_new(const char* option, const char* key, LogMessage failure) {
-  return [=](Call& call) IN_CODE { return record_if_new(call, option, key, failure.copy()); };
+  return [=](Call& call) { return record_if_new(call, option, key, failure); };
 }
 
 // The key is that of PPPoE for L2TP too.
-int set_max_mru(Call& call) {
-  if (!number_between(call.value(), 576, 1492)) return FAILURE;
-  return record_verify(call, {kVerifyQuoted, "pppoe_mtu", call.value()}, {});
+bool set_max_mru(Call& call) {
+  if (!number_between(call.value(), 576, 1492)) return false;
+  return record_verify(call, {kVerifyQuoted, "pppoe_mtu", call.value()});
 }
 
 // The option that holds the protocol's MRU; nullptr for one that is not PPP.
@@ -100,25 +100,25 @@ const char* mru_option(const Protocol& protocol) {
   return protocol == "l2tp" ? "l2tp_mtu" : nullptr;
 }
 
-int current_mru(Call& call) {
+bool current_mru(Call& call) {
   Protocol protocol;
-  if (read_protocol(protocol) == SUCCESS) {
+  if (read_protocol(protocol)) {
     const char* option = mru_option(protocol);
     if (option == nullptr) return call.reply("");
-    if (uci_raw_extract_value(wan.package, wan.name, option, call.output()) == 0) return SUCCESS;
+    if (reply_option(call, wan, option)) return true;
   }
   return reply_option(call, wan, "mtu", " ");
 }
 
 // ---- Addresses ----
 
-int mac_address(Call& call) { return reply_device_mac(call, interface_status<32>(kWan, INTERFACE_DEVICE).c_str()); }
+bool mac_address(Call& call) { return reply_device_mac(call, interface_status<32>(kWan, INTERFACE_DEVICE).c_str()); }
 
-int default_gateway(Call& call) {
+bool default_gateway(Call& call) {
   Text<128> gateway;
-  if (first_line("/usr/bin/tr069/cwmp-ppp", gateway.span()) != SUCCESS) {
+  if (!first_line("/usr/bin/tr069/cwmp-ppp", gateway.span())) {
     LOG("popen error.\n");
-    return FAILURE;
+    return false;
   }
   return reply_or(call, gateway.c_str(), "0.0.0.0");
 }
@@ -126,28 +126,28 @@ int default_gateway(Call& call) {
 }  // namespace
 
 // clang-format off
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Enable,                    pppoe_enabled,                                                            set_pppoe_enabled)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Username,                  text(wan, "username", " "),                                               verify_if_new("username", "pppoe_username", "SPUNE. \n"))
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Password,                  text(wan, "password", " "),                                               verify_if_new("password", "pppoe_password", "SPPWE. \n"))
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_MaxMRUSize,                text(wan, "pppoe_mtu", "1480"),                                           set_max_mru)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_CurrentMRUSize,            current_mru,                                                              read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_PPPoEServiceName,          text(wan, "service"),                                                     verify_later(kVerifyQuoted, "pppoe_servicename"))
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_PPPoEACName,               text(wan, "ac"),                                                          verify_later(kVerifyQuoted, "pppoe_access"))
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_PPPAuthenticationProtocol, constant("AUTO_AUTH"),                                                    read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Enable,                    pppoe_enabled,                    set_pppoe_enabled)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Username,                  option(wan, "username", " "),     verify_if_new("username", "pppoe_username", "SPUNE. \n"))
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Password,                  option(wan, "password", " "),     verify_if_new("password", "pppoe_password", "SPPWE. \n"))
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_MaxMRUSize,                option(wan, "pppoe_mtu", "1480"), set_max_mru)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_CurrentMRUSize,            current_mru,                      read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_PPPoEServiceName,          option(wan, "service"),           verify_later(kVerifyQuoted, "pppoe_servicename"))
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_PPPoEACName,               option(wan, "ac"),                verify_later(kVerifyQuoted, "pppoe_access"))
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_PPPAuthenticationProtocol, constant("AUTO_AUTH"),            read_only)
 
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Name,                      name,                                                                     read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_ConnectionType,            running_protocol(&Called::connection_type),                               read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_TransportType,             running_protocol(&Called::transport_type),                                read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_ConnectionStatus,          if_protocol(is_ppp_in_any_case, live_connection_status, "Disconnected"),  read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Uptime,                    if_ppp(link_status(kWan, INTERFACE_UPTIME, "")),                          read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_ExternalIPAddress,         if_ppp(link_status(kWan, INTERFACE_ADDRESS, "0.0.0.0")),                  read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_RemoteIPAddress,           if_ppp(link_status(kWan, INTERFACE_NEXTHOP, "0.0.0.0")),                  read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_DefaultGateway,            default_gateway,                                                          read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_MACAddress,                if_ppp(mac_address),                                                      read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetBytesSent,       if_ppp(link_counter(kWan, COUNTER_BYTES_SENT)),       read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetBytesReceived,   if_ppp(link_counter(kWan, COUNTER_BYTES_RECEIVED)),   read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetPacketsSent,     if_ppp(link_counter(kWan, COUNTER_PACKETS_SENT)),     read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetPacketsReceived, if_ppp(link_counter(kWan, COUNTER_PACKETS_RECEIVED)), read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetErrorsSent,      if_ppp(link_counter(kWan, COUNTER_ERRORS_SENT)),      read_only)
-PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetErrorsReceived,  if_ppp(link_counter(kWan, COUNTER_ERRORS_RECEIVED)),  read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Name,                          name,                                                                    read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_ConnectionType,                running_protocol(&Called::connection_type),                              read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_TransportType,                 running_protocol(&Called::transport_type),                               read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_ConnectionStatus,              if_protocol(is_ppp_in_any_case, live_connection_status, "Disconnected"), read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Uptime,                        if_ppp(link_status(kWan, INTERFACE_UPTIME, "")),                         read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_ExternalIPAddress,             if_ppp(link_status(kWan, INTERFACE_ADDRESS, "0.0.0.0")),                 read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_RemoteIPAddress,               if_ppp(link_status(kWan, INTERFACE_NEXTHOP, "0.0.0.0")),                 read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_DefaultGateway,                default_gateway,                                                         read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_MACAddress,                    if_ppp(mac_address),                                                     read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetBytesSent,       if_ppp(link_counter(kWan, COUNTER_BYTES_SENT)),                          read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetBytesReceived,   if_ppp(link_counter(kWan, COUNTER_BYTES_RECEIVED)),                      read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetPacketsSent,     if_ppp(link_counter(kWan, COUNTER_PACKETS_SENT)),                        read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetPacketsReceived, if_ppp(link_counter(kWan, COUNTER_PACKETS_RECEIVED)),                    read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetErrorsSent,      if_ppp(link_counter(kWan, COUNTER_ERRORS_SENT)),                         read_only)
+PARAMETER(WANDevice_WANConnectionDevice_WANPPPConnection_Stats_EthernetErrorsReceived,  if_ppp(link_counter(kWan, COUNTER_ERRORS_RECEIVED)),                     read_only)
 // clang-format on

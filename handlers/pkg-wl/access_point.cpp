@@ -20,13 +20,13 @@ constexpr Pair kModes[] = {
 };
 // clang-format on
 
-int reference(Call& call, const Network& /*network*/) {
+bool reference(Call& call, const Network& /*network*/) {
   Text<32> path;
   path.print("Device.WiFi.SSID.%d", call.instance(0));
   return call.reply(path.c_str());
 }
 
-int modes_supported(Call& call, const Network& network) {
+bool modes_supported(Call& call, const Network& network) {
   renamed_to_radio(call, network);
   bool has_ax = false;
   read_ax(*network.radio, has_ax);
@@ -51,5 +51,5 @@ PARAMETER(WiFi_AccessPoint_AssociatedDevice_SignalStrength, access_point(device(
 PARAMETER(WiFi_AccessPoint_Security_ModesSupported, access_point(modes_supported),    read_only)
 PARAMETER(WiFi_AccessPoint_Security_ModeEnabled,    access_point(encryption(kModes)), access_point(store_encryption(kModes, "failed to set encry.\n")))
 PARAMETER(WiFi_AccessPoint_Security_KeyPassphrase,  access_point(option("key", "")),  access_point(set_passphrase))
-PARAMETER(WiFi_AccessPoint_Security_EncryptionMode, access_point(fixed("AES")),       read_only)
+PARAMETER(WiFi_AccessPoint_Security_EncryptionMode, access_point(constant("AES")),    read_only)
 // clang-format on

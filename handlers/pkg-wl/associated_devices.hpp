@@ -5,7 +5,7 @@
 
 namespace kova {
 
-int reply_device_count(Call& call, const Network& network);
+bool reply_device_count(Call& call, const Network& network);
 
 // A parameter of an AssociatedDevice.
 struct DeviceField {
@@ -14,10 +14,10 @@ struct DeviceField {
   LogMessage no_device;
   LogMessage no_option;
 };
-int reply_device_field(Call& call, const Network& network, const DeviceField& field);
+bool reply_device_field(Call& call, const Network& network, const DeviceField& field);
 
 constexpr auto device(DeviceField field) {
-  return [=](Call& call, const Network& network) IN_CODE { return reply_device_field(call, network, field); };
+  return [=](Call& call, const Network& network) { return reply_device_field(call, network, field); };
 }
 
 }  // namespace kova

@@ -10,9 +10,9 @@ namespace {
 using namespace kova;
 
 // Switching off is applied even if it could not be stored.
-int set_extra_enabled(Call& call, const Network& network) {
+bool set_extra_enabled(Call& call, const Network& network) {
   if (!call.value_is("0")) return set_enabled(call, network);
-  uci_raw_set_value(network.section.package, network.section.name, "disabled", "1");
+  write_option(network.section, "disabled", "1");
   return call.mark(network.bit);
 }
 

@@ -11,42 +11,42 @@ constexpr char kState[] = "/tmp/diag/neighboringwifi_state";
 constexpr char kResults[] = "aplist";
 constexpr int kSignalOffset = 100;
 
-int result_count(Call& call) {
+bool result_count(Call& call) {
   generate_host_info();  // the hosts have nothing to do with the scan, but who counts its results relies on them
-  if (uci_raw_extract_value_By_path(kResults, "info", "count", call.output()) == 0) return SUCCESS;
+  if (uci_raw_extract_value_By_path(kResults, "info", "count", call.output()) == 0) return true;
   return call.reply("0");
 }
 
-// Writes an option of the call's result into the output, an empty text when it cannot be read; FAILURE for number 0.
-int reply_result(Call& call, const char* option) {
-  if (call.instance(0) == 0) return refuse(call, "LE\n");
+// Writes an option of the call's result into the output, an empty text when it cannot be read; false for number 0.
+bool reply_result(Call& call, const char* option) {
+  if (call.instance(0) == 0) return call.refuse("LE\n");
   Text<12> result;
   result.print("%d", call.instance(0));
-  if (uci_raw_extract_value_By_path(kResults, result.c_str(), option, call.output()) == 0) return SUCCESS;
+  if (uci_raw_extract_value_By_path(kResults, result.c_str(), option, call.output()) == 0) return true;
   return call.reply("");
 }
 
 constexpr auto result(const char* option) {
-  return [=](Call& call) IN_CODE { return reply_result(call, option); };
+  return [=](Call& call) { return reply_result(call, option); };
 }
 
-int signal_strength(Call& call) {
-  if (reply_result(call, "real_rssi") != SUCCESS) return FAILURE;
-  if (call.output()[0] == '\0') return SUCCESS;
-  return call.reply_number(static_cast<long long>(leading_integer(call.output())) - kSignalOffset);
+bool signal_strength(Call& call) {
+  if (!reply_result(call, "real_rssi")) return false;
+  if (call.output()[0] == '\0') return true;
+  return call.reply_number(static_cast<long long>(leading_number(call.output())) - kSignalOffset);
 }
 
-int radio_reference(Call& call) {
+bool radio_reference(Call& call) {
   constexpr Pair kBands[] = {{"Device.WiFi.Radio.1", "2.4G"}, {"Device.WiFi.Radio.2", "5G"}};
-  if (reply_result(call, "operatingFrequencyBand") != SUCCESS) return FAILURE;
+  if (!reply_result(call, "operatingFrequencyBand")) return false;
   const char* radio = text_for(kBands, call.output());
   return call.reply(radio != nullptr ? radio : "");
 }
 
-int width(Call& call) {
-  if (reply_result(call, "htbw") != SUCCESS) return FAILURE;
+bool width(Call& call) {
+  if (!reply_result(call, "htbw")) return false;
   const char* text = text_for(kWidths, call.output());
-  return text != nullptr ? call.reply(text) : SUCCESS;
+  return text == nullptr || call.reply(text);
 }
 
 }  // namespace

@@ -13,72 +13,72 @@ constexpr std::size_t kLongestPassphrase = 64;
 
 using Interface = Text<256>;
 
-// The kernel's interface of the network. FAILURE when it has none.
-int read_interface(const Network& network, Interface& interface) {
+// The kernel's interface of the network. False when it has none.
+bool read_interface(const Network& network, Interface& interface) {
   return read_option(network.section, "ifname", interface.span());
 }
 
 }  // namespace
 
-int ask_interface(const Network& network, const char* command, std::span<char> answer) {
+bool ask_interface(const Network& network, const char* command, std::span<char> answer) {
   Interface interface;
-  if (read_interface(network, interface) != SUCCESS) return FAILURE;
+  if (!read_interface(network, interface)) return false;
   Text<Interface::capacity()> line;  // so a name that was cut does not fit
-  if (!line.print(command, interface.c_str())) return FAILURE;
+  if (!line.print(command, interface.c_str())) return false;
   util_exec(line.c_str(), answer.data(), static_cast<int32_t>(answer.size()));
-  return SUCCESS;
+  return true;
 }
 
-int reply_ssid(Call& call, const Network& network, LogMessage failure) {
+bool reply_ssid(Call& call, const Network& network, LogMessage failure) {
   const Section& section = network.section;
-  if (uci_raw_extract_value(section.package, section.name, "ssid", call.output()) == 0) return SUCCESS;
-  return refuse(call, failure);
+  if (reply_option(call, section, "ssid")) return true;
+  return call.refuse(failure);
 }
 
-int set_ssid(Call& call, const Network& network, LogMessage failure) {
+bool set_ssid(Call& call, const Network& network, LogMessage failure) {
   const std::size_t length = strlen(call.value());
-  if (length > kLongestSsid || length == 0) return FAILURE;
-  return apply_option(call, network.section, "ssid", call.value(), network.bit, failure);
+  if (length > kLongestSsid || length == 0) return false;
+  return store_option(call, network.section, "ssid", call.value(), network.bit, failure);
 }
 
-int set_enabled(Call& call, const Network& network) {
-  if (call.value_is("1")) return apply_option(call, network.section, "disabled", "0", network.bit, {});
-  if (call.value_is("0")) return apply_option(call, network.section, "disabled", "1", network.bit, {});
-  return FAILURE;
+bool set_enabled(Call& call, const Network& network) {
+  if (call.value_is("1")) return store_option(call, network.section, "disabled", "0", network.bit);
+  if (call.value_is("0")) return store_option(call, network.section, "disabled", "1", network.bit);
+  return false;
 }
 
-int set_passphrase(Call& call, const Network& network) {
+bool set_passphrase(Call& call, const Network& network) {
   const std::size_t length = strlen(call.value());
-  if (length < kShortestPassphrase || length > kLongestPassphrase) return refuse(call, "pw len error.\n");
-  return apply_option(call, network.section, "key", call.value(), network.bit, "failed to set pw\n\n");
+  if (length < kShortestPassphrase || length > kLongestPassphrase) return call.refuse("pw len error.\n");
+  return store_option(call, network.section, "key", call.value(), network.bit, "failed to set pw\n\n");
 }
 
-int set_advertised(Call& call, const Network& network) {
+bool set_advertised(Call& call, const Network& network) {
   const char* hidden = call.value_is("1") ? "" : "1";
-  return apply_option(call, network.section, "hidden", hidden, network.bit, "failed to set HD conf.\n\n");
+  return store_option(call, network.section, "hidden", hidden, network.bit, "failed to set HD conf.\n\n");
 }
 
-int reply_status(Call& call, const Network& network) {
+bool reply_status(Call& call, const Network& network) {
   Text<100> flag;
-  if (ask_interface(network, kUpCommand, flag.span()) != SUCCESS) return FAILURE;
+  if (!ask_interface(network, kUpCommand, flag.span())) return false;
   return call.reply(is_up(flag.c_str()) ? "Up" : "Disabled");
 }
 
-int reply_counter(Call& call, const Network& network, interface_counter counter) {
+bool reply_counter(Call& call, const Network& network, interface_counter counter) {
   Interface interface;
-  if (read_interface(network, interface) != SUCCESS) return FAILURE;
+  if (!read_interface(network, interface)) return false;
   Text<128> count;
-  get_TotalBytesAndPackets_by_name(interface.c_str(), counter, count.data(), count.size());
+  get_TotalBytesAndPackets_by_name(interface.c_str(), counter, count.data(), count.capacity());
   return reply_or(call, count.c_str(), "0");
 }
 
-int reply_about_interface(Call& call, const Network& network, const Question& question, LogMessage nothing) {
+bool reply_about_interface(Call& call, const Network& network, const Question& question, LogMessage nothing) {
   Text<128> answer;
-  if (ask_interface(network, question.command, answer.span().first(question.room)) != SUCCESS) return FAILURE;
+  if (!ask_interface(network, question.command, answer.span().first(question.room))) return false;
   if (answer.empty()) nothing.print(call.origin());
   reply_or(call, answer.c_str(), question.fallback);
   strcat(call.output(), question.unit);
-  return SUCCESS;
+  return true;
 }
 
 }  // namespace kova

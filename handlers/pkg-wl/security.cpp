@@ -14,7 +14,7 @@ constexpr SecurityTexts kOtherTexts{"", "", "AESEncryption", ""};
 
 using Encryption = Text<128>;
 
-int read_encryption(const Network& network, Encryption& encryption) {
+bool read_encryption(const Network& network, Encryption& encryption) {
   return read_option(network.section, "encryption", encryption.span());
 }
 
@@ -25,40 +25,38 @@ const SecurityTexts& texts_of(const Encryption& encryption) {
 
 bool has_passphrase(const Network& network) {
   Text<8> beginning;
-  return read_option(network.section, "key", beginning.span()) == SUCCESS;
+  return read_option(network.section, "key", beginning.span());
 }
 
 }  // namespace
 
-int reply_security(Call& call, const Network& network, const char* SecurityTexts::*parameter) {
+bool reply_security(Call& call, const Network& network, const char* SecurityTexts::*parameter) {
   Encryption encryption;
-  if (read_encryption(network, encryption) != SUCCESS) return FAILURE;
+  if (!read_encryption(network, encryption)) return false;
   return call.reply(texts_of(encryption).*parameter);
 }
 
-int reply_encryption(Call& call, const Network& network, std::span<const Pair> modes) {
+bool reply_encryption(Call& call, const Network& network, std::span<const Pair> modes) {
   Encryption encryption;
-  if (read_encryption(network, encryption) != SUCCESS) return FAILURE;
+  if (!read_encryption(network, encryption)) return false;
   const char* mode = text_for(modes, encryption.view());
   return call.reply(mode != nullptr ? mode : "");
 }
 
-int set_encryption(Call& call, const Network& network, std::span<const Pair> modes, LogMessage unknown) {
-  const auto& [package, name] = network.section;
+bool set_encryption(Call& call, const Network& network, std::span<const Pair> modes, LogMessage unknown) {
   const char* encryption = stored_for(modes, call.value());
-  if (encryption == nullptr) return refuse(call, unknown);
-  if (uci_raw_set_value(package, name, "encryption", encryption) != 0) return FAILURE;
+  if (encryption == nullptr) return call.refuse(unknown);
+  if (!write_option(network.section, "encryption", encryption)) return false;
   if (strcmp(encryption, kOpen) != 0 && !has_passphrase(network))
-    uci_raw_set_value(package, name, "key", kDefaultPassphrase);  // the encryption holds without it
+    write_option(network.section, "key", kDefaultPassphrase);  // the encryption holds without it
   return call.mark(network.bit);
 }
 
-int accept_aes(Call& call, const Network& network, LogMessage accepted) {
+bool accept_aes(Call& call, const Network& network, LogMessage accepted) {
   Encryption encryption;
-  if (!call.value_is("AESEncryption") || read_encryption(network, encryption) != SUCCESS || encryption == kOpen)
-    return FAILURE;
+  if (!call.value_is("AESEncryption") || !read_encryption(network, encryption) || encryption == kOpen) return false;
   accepted.print(call.origin());
-  return SUCCESS;
+  return true;
 }
 
 }  // namespace kova

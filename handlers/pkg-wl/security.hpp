@@ -13,15 +13,15 @@ struct SecurityTexts {
   const char* wpa_authentication;
 };
 
-int reply_security(Call& call, const Network& network, const char* SecurityTexts::*parameter);
-int reply_encryption(Call& call, const Network& network, std::span<const Pair> modes);
-int set_encryption(Call& call, const Network& network, std::span<const Pair> modes, LogMessage unknown);
-int accept_aes(Call& call, const Network& network, LogMessage accepted);
+bool reply_security(Call& call, const Network& network, const char* SecurityTexts::*parameter);
+bool reply_encryption(Call& call, const Network& network, std::span<const Pair> modes);
+bool set_encryption(Call& call, const Network& network, std::span<const Pair> modes, LogMessage unknown);
+bool accept_aes(Call& call, const Network& network, LogMessage accepted);
 
 // ---- Getters ----
 
 constexpr auto security(const char* SecurityTexts::*parameter) {
-  return [=](Call& call, const Network& network) IN_CODE { return reply_security(call, network, parameter); };
+  return [=](Call& call, const Network& network) { return reply_security(call, network, parameter); };
 }
 
 inline constexpr auto beacon_type = security(&SecurityTexts::beacon);
@@ -31,20 +31,19 @@ inline constexpr auto wpa_authentication = security(&SecurityTexts::wpa_authenti
 
 // The mode that the stored encryption stands for, empty for none.
 constexpr auto encryption(std::span<const Pair> modes) {
-  return [=](Call& call, const Network& network) IN_CODE { return reply_encryption(call, network, modes); };
+  return [=](Call& call, const Network& network) { return reply_encryption(call, network, modes); };
 }
 
 // ---- Setters ----
 
 // Writes the encryption that the mode stands for; one that needs a passphrase gets the default one, if there is none.
 constexpr auto store_encryption(std::span<const Pair> modes, LogMessage unknown = {}) {
-  return [=](Call& call, const Network& network)
-             IN_CODE { return set_encryption(call, network, modes, unknown.copy()); };
+  return [=](Call& call, const Network& network) { return set_encryption(call, network, modes, unknown); };
 }
 
 // Accepts AES while the network is encrypted, and changes nothing.
 constexpr auto aes_only(LogMessage accepted) {
-  return [=](Call& call, const Network& network) IN_CODE { return accept_aes(call, network, accepted.copy()); };
+  return [=](Call& call, const Network& network) { return accept_aes(call, network, accepted); };
 }
 
 // ---- Modes ----

@@ -7,9 +7,9 @@ namespace {
 using namespace kova;
 
 // Nothing is written for a network that does not exist.
-int lower_layers(Call& call) {
+bool lower_layers(Call& call) {
   const Network* network = access_point_network(call);
-  return network != nullptr ? call.reply(network->radio->reference) : SUCCESS;
+  return network == nullptr || call.reply(network->radio->reference);
 }
 
 }  // namespace

@@ -60,41 +60,45 @@ bool renamed_to_radio(const Call& call, const Network& network) {
   return extra;
 }
 
-int32_t by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra) {
-  Call call(operation, place_of(arguments), HERE);
+namespace {
+
+bool forward_by_network(Call& call, parameter_handler main, parameter_handler extra) {
   const Network* network = access_point_network(call);
-  if (network == nullptr) return FAILURE;
-  return call.forward(renamed_to_radio(call, *network) ? extra : main);
+  return network != nullptr && call.forward(renamed_to_radio(call, *network) ? extra : main);
+}
+
+}  // namespace
+
+int32_t by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra) {
+  const auto forward = [=](Call& call) { return forward_by_network(call, main, extra); };
+  return serve(operation, arguments, HERE, forward, forward);
 }
 
 int32_t status_by_network(int32_t operation, va_list arguments, parameter_handler main, parameter_handler extra,
                           const char* theirs, const char* ours) {
-  Call call(operation, place_of(arguments), HERE);
-  if (!call.is_get() || by_network(operation, arguments, main, extra) != SUCCESS) return FAILURE;
-  return strcmp(call.output(), theirs) == 0 ? call.reply(ours) : SUCCESS;
+  const auto status = [=](Call& call) {
+    if (!forward_by_network(call, main, extra)) return false;
+    return strcmp(call.output(), theirs) != 0 || call.reply(ours);
+  };
+  return serve(operation, arguments, HERE, status, read_only);
 }
 
-int read_ax(const Radio& radio, bool& has_ax) {
+bool read_ax(const Radio& radio, bool& has_ax) {
   Text<256> modes;
-  if (read_option(radio.section, "hwmodes", modes.span()) != SUCCESS) return FAILURE;
+  if (!read_option(radio.section, "hwmodes", modes.span())) return false;
   has_ax = strstr(modes.c_str(), "ax") != nullptr;
-  return SUCCESS;
+  return true;
 }
 
-int apply_option(Call& call, Section section, const char* option, const char* value, uint32_t bit, LogMessage failure) {
-  if (uci_raw_set_value(section.package, section.name, option, value) != 0) return refuse(call, failure);
-  return call.mark(bit);
-}
+bool reply_band(Call& call, const Radio& radio) { return call.reply(radio.band); }
 
-int reply_band(Call& call, const Radio& radio) { return call.reply(radio.band); }
-
-int reply_after(Call& call, const char* marker, const char* unit) {
+bool reply_after(Call& call, const char* marker, const char* unit) {
   const char* found = strstr(call.output(), marker);
-  if (found == nullptr) return SUCCESS;
+  if (found == nullptr) return true;
   const char* rest = found + strlen(marker);
   memmove(call.output(), rest, strlen(rest) + 1);
   strcat(call.output(), unit);
-  return SUCCESS;
+  return true;
 }
 
 const char* stored_for(std::span<const Pair> pairs, const char* text) {

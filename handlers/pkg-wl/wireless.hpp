@@ -39,11 +39,16 @@ const Radio* wlan_radio_of(const Call& call);
 const Network* access_point_network(const Call& call);
 const Radio* radio_of(const Call& call);
 
-// What `word` does with the network or radio that `find` finds; fails without one.
+// What `word` does with the network or radio that `find` finds; fails without one. A word of other families, which
+// takes the call alone, does the same for each.
 constexpr auto at(auto find, auto word) {
-  return [=](Call& call) IN_CODE {
+  return [=](Call& call) {
     const auto* place = find(call);
-    return place != nullptr ? word(call, *place) : FAILURE;
+    if constexpr (std::is_invocable_v<decltype(word), Call&>) {
+      return place != nullptr && word(call);
+    } else {
+      return place != nullptr && word(call, *place);
+    }
   };
 }
 
@@ -67,16 +72,13 @@ int32_t status_by_network(int32_t operation, va_list arguments, parameter_handle
 
 // ---- What the words do ----
 
-// Whether the radio's hardware has the standard ax. FAILURE, `has_ax` untouched, when it cannot be read.
-int read_ax(const Radio& radio, bool& has_ax);
+// Whether the radio's hardware has the standard ax. False, `has_ax` untouched, when it cannot be read.
+bool read_ax(const Radio& radio, bool& has_ax);
 
-// Writes an option and marks `bit`; FAILURE, logged and unmarked, when it cannot be written.
-int apply_option(Call& call, Section section, const char* option, const char* value, uint32_t bit, LogMessage failure);
-
-int reply_band(Call& call, const Radio& radio);
+bool reply_band(Call& call, const Radio& radio);
 
 // Cuts the reply to what follows `marker` and puts `unit` behind it; a reply without the marker stays as it is.
-int reply_after(Call& call, const char* marker, const char* unit);
+bool reply_after(Call& call, const char* marker, const char* unit);
 
 // A text of the data model and what is stored for it. Look-ups take the first that fits, nullptr for none.
 struct Pair {
@@ -92,26 +94,19 @@ inline constexpr std::size_t kNarrowWidths = 2;
 
 // ---- Words for a network or a radio ----
 
-constexpr auto fixed(const char* text) {
-  return [=](Call& call, const auto&) IN_CODE { return call.reply(text); };
-}
-
 // An option; the fallback when it cannot be read.
 constexpr auto option(const char* option, const char* fallback) {
-  return [=](Call& call, const auto& place)
-             IN_CODE { return reply_option(call, place.section.copy(), option, fallback); };
+  return [=](Call& call, const auto& place) { return reply_option(call, place.section, option, fallback); };
 }
 
 // A switch that an option turns off with "1".
 constexpr auto unless(const char* option) {
-  return [=](Call& call, const auto& place)
-             IN_CODE { return call.reply(option_is(place.section.copy(), option, "1") ? "0" : "1"); };
+  return [=](Call& call, const auto& place) { return call.reply(option_is(place.section, option, "1") ? "0" : "1"); };
 }
 
 // A switch that is on while an option has this value.
 constexpr auto when(const char* option, const char* value) {
-  return [=](Call& call, const auto& place)
-             IN_CODE { return call.reply(option_is(place.section.copy(), option, value) ? "1" : "0"); };
+  return [=](Call& call, const auto& place) { return call.reply(option_is(place.section, option, value) ? "1" : "0"); };
 }
 
 }  // namespace kova

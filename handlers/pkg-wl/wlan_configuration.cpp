@@ -16,63 +16,60 @@ using namespace kova;
 
 constexpr char kAutomatic[] = "0";
 
-int channel(Call& call, const Network& network) {
+bool channel(Call& call, const Network& network) {
   Text<100> current;
   constexpr char kCurrent[] = "iwinfo %s freqlist | grep '*' | awk '{print $5}' | sed 's/)//g'";
-  if (ask_interface(network, kCurrent, current.span()) != SUCCESS) return FAILURE;
+  if (!ask_interface(network, kCurrent, current.span())) return false;
   if (!current.empty()) return call.reply(current.c_str());
-  const auto& [package, radio] = network.radio->section;
-  if (uci_raw_extract_value(package, radio, "channel", call.output()) != 0) return refuse(call, "failed to get ch\n");
-  return strcmp(call.output(), "auto") == 0 ? call.reply(kAutomatic) : SUCCESS;
+  if (!reply_option(call, network.radio->section, "channel")) return call.refuse("failed to get ch\n");
+  return strcmp(call.output(), "auto") != 0 || call.reply(kAutomatic);
 }
 
-int set_channel(Call& call, const Network& network) {
+bool set_channel(Call& call, const Network& network) {
   constexpr int kSupported = 1;
   char* number = const_cast<char*>(call.value());  // of which that function only reads
   if (GetChannelPoll(kSupported, nullptr, number, call.instances(), 0) != kSupported)
-    return refuse(call, "invalid ch index\n\n");
-  return apply_option(call, network.radio->section, "channel", call.value(), APPLY_WLAN, "failed to set ch\n\n");
+    return call.refuse("invalid ch index\n\n");
+  return store_option(call, network.radio->section, "channel", call.value(), APPLY_WLAN, "failed to set ch\n\n");
 }
 
 // Whatever the radio lists, be it nothing.
-int channels(Call& call, const Network&) {
+bool channels(Call& call, const Network&) {
   GetChannelPoll(0, nullptr, call.output(), call.instances(), 0);
-  return SUCCESS;
+  return true;
 }
 
-int set_auto_channel(Call& call, const Radio& radio) {
-  const auto& [package, name] = radio.section;
-  if (call.value_is("1")) return apply_option(call, radio.section, "channel", kAutomatic, APPLY_WLAN, {});
-  if (!call.value_is("0")) return FAILURE;
-  if (!option_is(radio.section, "channel", kAutomatic)) return SUCCESS;
-  uci_raw_set_value(package, name, "channel", radio.fixed_channel);  // to be applied even if it could not be stored
+bool set_auto_channel(Call& call, const Radio& radio) {
+  if (call.value_is("1")) return store_option(call, radio.section, "channel", kAutomatic, APPLY_WLAN);
+  if (!call.value_is("0")) return false;
+  if (!option_is(radio.section, "channel", kAutomatic)) return true;
+  write_option(radio.section, "channel", radio.fixed_channel);  // to be applied even if it could not be stored
   return call.mark(APPLY_WLAN);
 }
 
 // ---- Power, in percent ----
 
-int set_transmit_power(Call& call, const Radio& radio) {
+bool set_transmit_power(Call& call, const Radio& radio) {
   constexpr Pair kLevels[] = {{"100", "100"}, {"20", "20"}, {"5", "5"}, {"-1", "100"}};
   const char* level = stored_for(kLevels, call.value());
-  if (level == nullptr) return refuse(call, " txpwer invalid.\n");
-  return apply_option(call, radio.section, "txpower", level, APPLY_WLAN, "failed to set txpwr\n");
+  if (level == nullptr) return call.refuse(" txpwer invalid.\n");
+  return store_option(call, radio.section, "txpower", level, APPLY_WLAN, "failed to set txpwr\n");
 }
 
 // ---- Channel width ----
 
-int bandwidth(Call& call, const Radio& radio) {
-  const auto& [package, name] = radio.section;
-  if (uci_raw_extract_value(package, name, "htbw", call.output()) != 0) return refuse(call, "uci get htbw error\n");
+bool bandwidth(Call& call, const Radio& radio) {
+  if (!reply_option(call, radio.section, "htbw")) return call.refuse("uci get htbw error\n");
   if (strcasecmp(call.output(), "auto") == 0) return call.reply("Auto");
   return reply_after(call, "ht", "MHz");
 }
 
-int set_bandwidth(Call& call, const Radio& radio) {
+bool set_bandwidth(Call& call, const Radio& radio) {
   const std::span all(kWidths);
   const bool automatic = strcasecmp(call.value(), "Auto") == 0;
   const char* width = automatic ? "auto" : stored_for(radio.wide ? all : all.first(kNarrowWidths), call.value());
-  if (width == nullptr) return refuse(call, "invalid htbw\n");
-  return apply_option(call, radio.section, "htbw", width, APPLY_WLAN, "failed to set bw.\n");
+  if (width == nullptr) return call.refuse("invalid htbw\n");
+  return store_option(call, radio.section, "htbw", width, APPLY_WLAN, "failed to set bw.\n");
 }
 
 constexpr auto frequency(LogMessage nothing) {
@@ -83,18 +80,18 @@ constexpr auto frequency(LogMessage nothing) {
 
 constexpr Pair kWepModes[] = {{"SharedAuthentication", "shared"}, {"None", "open"}, {"Auto", "auto"}};
 
-int wep_mode(Call& call, const Network& network) {
+bool wep_mode(Call& call, const Network& network) {
   Text<8> stored;
-  if (read_option(network.section, "encryption", stored.span()) != SUCCESS) return FAILURE;
+  if (!read_option(network.section, "encryption", stored.span())) return false;
   if (!(stored == "wep")) return call.reply("");
-  if (read_option(network.section, "wep_mode", stored.span()) != SUCCESS) return FAILURE;
+  if (!read_option(network.section, "wep_mode", stored.span())) return false;
   const char* mode = text_for(kWepModes, stored.view());
-  return mode != nullptr ? call.reply(mode) : FAILURE;
+  return mode != nullptr && call.reply(mode);
 }
 
-int set_wep_mode(Call& call, const Network& network) {
+bool set_wep_mode(Call& call, const Network& network) {
   const char* mode = stored_for(kWepModes, call.value());
-  return mode != nullptr ? apply_option(call, network.section, "wep_mode", mode, network.bit, {}) : FAILURE;
+  return mode != nullptr && store_option(call, network.section, "wep_mode", mode, network.bit);
 }
 
 }  // namespace
@@ -111,7 +108,7 @@ PARAMETER(LANDevice_WLANConfiguration_SSIDAdvertisementEnabled, wlan(unless("hid
 PARAMETER(LANDevice_WLANConfiguration_Channel,                wlan(channel),                             wlan(set_channel))
 PARAMETER(LANDevice_WLANConfiguration_ChannelsInUse,          wlan(channels),                            read_only)
 PARAMETER(LANDevice_WLANConfiguration_AutoChannelEnable,      wlan_radio(when("channel", kAutomatic)),   wlan_radio(set_auto_channel))
-PARAMETER(LANDevice_WLANConfiguration_TransmitPowerSupported, wlan_radio(fixed("{100,20,5}")),           read_only)
+PARAMETER(LANDevice_WLANConfiguration_TransmitPowerSupported, wlan_radio(constant("{100,20,5}")),        read_only)
 PARAMETER(LANDevice_WLANConfiguration_TransmitPower,          wlan_radio(option("txpower", "100")),      wlan_radio(set_transmit_power))
 PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Bandwidth,       wlan_radio(bandwidth),                     wlan_radio(set_bandwidth))
 PARAMETER(LANDevice_WLANConfiguration_X_KOVA_FrequencyInuse,  wlan(frequency("failed to get freq. \n")), read_only)

@@ -2,18 +2,18 @@
 
 #include <algorithm>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
+#include "seam/paths.hpp"
 #include "support/device_state.hpp"
 
 namespace kova::test {
 namespace {
 
 // Made once; later tests put back only what the one before has changed, which is quick.
-DeviceState factory_state() {
+seam::Snapshot factory_state() {
   if (run("/sbin/lab-reset") != 0) throw std::runtime_error("the router cannot be reset");
-  return {};
+  return seam::Snapshot::of_lab();
 }
 
 }  // namespace
@@ -23,11 +23,11 @@ std::optional<std::string> stored(const std::string& directory, const std::strin
   std::string text = path;
   uci_ptr element = {};
   if (uci_lookup_ptr(store.get(), &element, text.data(), true) != UCI_OK || element.o == nullptr) return std::nullopt;
-  return value_of(*element.o);
+  return seam::value_of(*element.o);
 }
 
 void configure(const std::string& path, const std::string& value) {
-  const Store store = open_store("/etc/config");
+  const Store store = open_store(seam::kMainStore);
   std::string text = path;
   uci_ptr element = {};
   if (uci_lookup_ptr(store.get(), &element, text.data(), true) != UCI_OK) throw std::runtime_error("no " + path);
@@ -37,28 +37,18 @@ void configure(const std::string& path, const std::string& value) {
 }
 
 std::optional<std::string> contents(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-void write_file(const std::string& path, const std::string& text) {
-  std::ofstream file(path, std::ios::binary);
-  file << text;
-  if (!file.flush()) throw std::runtime_error("cannot write " + path);
+  return std::ifstream(path) ? std::optional(seam::read_file(path)) : std::nullopt;
 }
 
 void DeviceTest::SetUp() {
-  static const DeviceState factory = factory_state();
+  static const seam::Snapshot factory = factory_state();
   factory.restore();
-  write_file("/tmp/cwmp_debug", "");
+  write_file(seam::kDebugFile, "");
   seams() = Seams();
 }
 
-std::string DeviceTest::task_record() { return contents("/tmp/tr069/cmd_record").value_or(""); }
-std::string DeviceTest::task_record_once() { return contents("/tmp/tr069/cmd_record_once").value_or(""); }
+std::string DeviceTest::task_record() { return contents(seam::kTaskRecord).value_or(""); }
+std::string DeviceTest::task_record_once() { return contents(seam::kTaskRecordOnce).value_or(""); }
 
 std::vector<std::string> DeviceTest::messages() {
   std::vector<std::string> messages;

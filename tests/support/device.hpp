@@ -6,20 +6,21 @@
 #include <optional>
 #include <string>
 
+#include "seam/paths.hpp"
+#include "seam/snapshot.hpp"
 #include "support/handler.hpp"
 #include "support/seams.hpp"
 
 namespace kova::test {
 
-// One option as a file of a store holds it, "package.section.option"; nullopt when it is not there. A list reads as its
-// elements, each after "|".
+// One option as a file of a store holds it, "package.section.option"; nullopt when it is not there.
 std::optional<std::string> stored(const std::string& directory, const std::string& path);
 
 // Changes the main store behind the plug-in's back; an empty value removes the option. "package.section.option".
 void configure(const std::string& path, const std::string& value);
 
 std::optional<std::string> contents(const std::string& path);
-void write_file(const std::string& path, const std::string& text);
+using seam::write_file;
 
 // Starts each test from the factory state, with the debug log on and nothing recorded.
 class DeviceTest : public testing::Test {
@@ -27,9 +28,9 @@ class DeviceTest : public testing::Test {
   void SetUp() override;
 
   // Options of the main store, of the change mirror, and of the forced-change mirror; "package.section.option".
-  static auto config(const std::string& path) { return stored("/etc/config", path); }
-  static auto mirror(const std::string& path) { return stored("/tmp/cwmp-config", path); }
-  static auto forced_mirror(const std::string& path) { return stored("/tmp/cwmp-config-force", path); }
+  static auto config(const std::string& path) { return stored(seam::kMainStore, path); }
+  static auto mirror(const std::string& path) { return stored(seam::kMirror, path); }
+  static auto forced_mirror(const std::string& path) { return stored(seam::kForcedMirror, path); }
 
   // The task records; empty when there is none.
   static std::string task_record();

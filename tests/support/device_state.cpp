@@ -1,8 +1,10 @@
 #include "support/device_state.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 
+#include "seam/paths.hpp"
 #include "support/device.hpp"
 #include "support/tables.hpp"
 
@@ -11,56 +13,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kMainStore = "/etc/config";
-const fs::path kMirror = "/tmp/cwmp-config";
-const fs::path kForcedMirror = "/tmp/cwmp-config-force";
-const fs::path kSaveDirectory = "/tmp/.uci";
-const fs::path kRecord = "/tmp/tr069/cmd_record";
-const fs::path kRecordOnce = "/tmp/tr069/cmd_record_once";
+using seam::Texts;
 
-// ---- Texts by name: the options of a package, the files of a router ----
-
-template <typename Name>
-std::string text_of(const std::map<Name, std::string>& texts, const Name& name) {
-  const auto found = texts.find(name);
+std::string text_of(const Texts& texts, const std::string& path) {
+  const auto found = texts.find(path);
   return found != texts.end() ? found->second : std::string();
-}
-
-template <typename Name>
-std::vector<Name> changed(const std::map<Name, std::string>& before, const std::map<Name, std::string>& after) {
-  std::map<Name, std::string> all = before;
-  all.insert(after.begin(), after.end());
-  std::vector<Name> names;
-  for (const auto& [name, ignored] : all) {
-    if (text_of(before, name) != text_of(after, name)) names.push_back(name);
-  }
-  return names;
-}
-
-using Options = std::map<std::string, std::string>;
-using Files = lab::DeviceFiles::Texts;
-
-// The options of a package file's text, by path; a section's type by the path of the section.
-Options options_of(const std::string& package, const std::string& text) {
-  const fs::path directory = fs::temp_directory_path() / "package-of-test";
-  fs::create_directory(directory);
-  write_file(directory / package, text);
-  Options options;
-  const Store store = open_store(directory);
-  uci_set_savedir(store.get(), directory.c_str());
-  uci_package* loaded = nullptr;
-  if (uci_load(store.get(), package.c_str(), &loaded) == UCI_OK) {
-    uci_element* element = nullptr;
-    uci_foreach_element(&loaded->sections, element) {
-      const uci_section& section = *uci_to_section(element);
-      const std::string path = package + "." + section.e.name;
-      options[path] = section.type;
-      uci_element* inner = nullptr;
-      uci_foreach_element(&section.options, inner) options[path + "." + inner->name] = value_of(*uci_to_option(inner));
-    }
-  }
-  fs::remove_all(directory);
-  return options;
 }
 
 // ---- Changes of options ----
@@ -75,25 +32,25 @@ bool take(std::vector<Change>& changes, const Change& wanted) {
 }
 
 // The changes in all package files of a directory.
-std::vector<Change> changes_below(const fs::path& directory, const Files& before, const Files& after) {
+std::vector<Change> changes_below(const std::string& directory, const Texts& before, const Texts& after) {
   std::vector<Change> changes;
-  for (const fs::path& path : changed(before, after)) {
-    if (path.parent_path() != directory) continue;
-    const std::string package = path.filename();
-    const Options now = options_of(package, text_of(after, path));
-    for (const std::string& option : changed(options_of(package, text_of(before, path)), now))
-      changes.emplace_back(option, text_of(now, option));
+  for (const auto& [path, old, now] : seam::differences(before, after)) {
+    if (fs::path(path).parent_path() != directory) continue;
+    const std::string package = fs::path(path).filename();
+    for (const auto& [option, was, is] :
+         seam::differences(seam::options_of(package, old.value_or("")), seam::options_of(package, now.value_or(""))))
+      changes.emplace_back(option, is.value_or(""));
   }
   return changes;
 }
 
 // The mirrors' changes are told with those of the main store that they repeat. A removed option leaves no trace there,
 // and a section that only a mirror lacked comes with its option.
-std::vector<std::string> stored_since(const Files& before, const Files& after) {
+std::vector<std::string> stored_since(const Texts& before, const Texts& after) {
   std::vector<std::string> effects;
-  std::vector<Change> mirrored = changes_below(kMirror, before, after);
-  std::vector<Change> forced = changes_below(kForcedMirror, before, after);
-  for (const Change& change : changes_below(kMainStore, before, after)) {
+  std::vector<Change> mirrored = changes_below(seam::kMirror, before, after);
+  std::vector<Change> forced = changes_below(seam::kForcedMirror, before, after);
+  for (const Change& change : changes_below(seam::kMainStore, before, after)) {
     const auto& [path, value] = change;
     if (value.empty() || take(mirrored, change)) {
       effects.push_back(stores(path, value));
@@ -112,11 +69,12 @@ std::vector<std::string> stored_since(const Files& before, const Files& after) {
 // The change is told otherwise, or it is what libuci leaves once there is nothing to save.
 bool is_told_otherwise(const fs::path& path, const std::string& text) {
   const fs::path directory = path.parent_path();
-  return directory == kMainStore || directory == kMirror || directory == kForcedMirror || path == kRecord ||
-         path == kRecordOnce || (directory == kSaveDirectory && text.empty());
+  return directory == seam::kMainStore || directory == seam::kMirror || directory == seam::kForcedMirror ||
+         path == seam::kTaskRecord || path == seam::kTaskRecordOnce ||
+         (directory == seam::kPendingChanges && text.empty());
 }
 
-std::string added_text(const Files& before, const Files& after, const fs::path& path) {
+std::string added_text(const Texts& before, const Texts& after, const std::string& path) {
   const std::string old = text_of(before, path);
   const std::string now = text_of(after, path);
   return now.starts_with(old) ? now.substr(old.size()) : now;
@@ -137,31 +95,19 @@ Store open_store(const std::string& directory) {
   return store;
 }
 
-std::string value_of(const uci_option& option) {
-  if (option.type == UCI_TYPE_STRING) return option.v.string;
-  std::string list;
-  uci_element* element = nullptr;
-  uci_foreach_element(&option.v.list, element) list += std::string("|") + element->name;
-  return list;
-}
-
-std::vector<std::string> DeviceState::effects() const {
-  const Files& before = files_.texts();
-  const lab::DeviceFiles current;
-  const Files& now = current.texts();
+std::vector<std::string> effects_since(const seam::Snapshot& start) {
+  const Texts& before = start.texts();
+  const seam::Snapshot current = seam::Snapshot::of_lab();
+  const Texts& now = current.texts();
   std::vector<std::string> effects = stored_since(before, now);
-  for (const std::string& line : lines_of(added_text(before, now, kRecord))) effects.push_back(records(line));
-  const std::string once = text_of(now, kRecordOnce);
-  if (once != text_of(before, kRecordOnce)) {
+  for (const std::string& line : lines_of(added_text(before, now, seam::kTaskRecord))) effects.push_back(records(line));
+  const std::string once = text_of(now, seam::kTaskRecordOnce);
+  if (once != text_of(before, seam::kTaskRecordOnce)) {
     for (const std::string& line : lines_of(once)) effects.push_back(records_once(line));
   }
-  for (const auto& [path, text] : now) {
-    const auto old = before.find(path);
-    if (old != before.end() && old->second == text) continue;
-    if (!is_told_otherwise(path, text)) effects.push_back(writes(path, text));
-  }
-  for (const auto& [path, text] : before) {
-    if (!now.contains(path) && !is_told_otherwise(path, text)) effects.push_back(removes(path));
+  for (const auto& [path, old, text] : seam::differences(before, now)) {
+    if (is_told_otherwise(path, text ? *text : *old)) continue;
+    effects.push_back(text ? writes(path, *text) : removes(path));
   }
   return effects;
 }

@@ -1,13 +1,11 @@
-// The router's files at one time, and what has happened to them since.
+// What has happened to the router's files.
 #pragma once
-
-#include <uci.h>
 
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "device_files.hpp"
+#include "seam/snapshot.hpp"
 
 namespace kova::test {
 
@@ -15,21 +13,7 @@ namespace kova::test {
 using Store = std::unique_ptr<uci_context, decltype(&uci_free_context)>;
 Store open_store(const std::string& directory);
 
-// A list reads as its elements, each after "|".
-std::string value_of(const uci_option& option);
-
-class DeviceState {
- public:
-  // Puts every file and directory back as it was when this was made.
-  void restore() const { files_.restore(); }
-
-  // What has been done since then to the configuration, the task records and all other files, as texts of tables.hpp.
-  std::vector<std::string> effects() const;
-
-  bool operator==(const DeviceState& other) const = default;
-
- private:
-  lab::DeviceFiles files_;
-};
+// What has been done since then to the configuration, the task records and all other files, as texts of tables.hpp.
+std::vector<std::string> effects_since(const seam::Snapshot& start);
 
 }  // namespace kova::test

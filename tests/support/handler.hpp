@@ -6,9 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "pkg-tool.h"
+#include "seam/handler.hpp"
 
 namespace kova::test {
+
+using seam::call;
+using seam::running_agent;  // tests change what they are about
 
 using Instances = std::vector<int32_t>;
 
@@ -40,14 +43,8 @@ inline const Answer kGetFailed{-1, kUntouched};
 inline const Outcome kRefused{-1, 0};
 inline Outcome accepted(uint32_t mask = 0) { return {0, mask}; }
 
-// The agent's record as a running agent would fill it; tests change what they are about.
-agent_state running_agent();
-
 Answer get(parameter_handler handler, const Instances& instances = {1, 1, 1, 1});
 Answer get(parameter_handler handler, agent_state& agent, const Instances& instances = {1, 1, 1, 1});
 Outcome set(parameter_handler handler, const std::string& value, const Instances& instances = {1, 1, 1, 1});
-
-// Calls `function` with a list made of the arguments that follow.
-int32_t call(parameter_handler function, int32_t operation, ...);
 
 }  // namespace kova::test

@@ -1,5 +1,5 @@
-// The platform services that the plug-in works through, observed and replaced. A test program is the loading process,
-// so its own popen, system, vsyslog, ... come first; they record, and pass on to the real ones unless told otherwise.
+// What the plug-in asks the world for, observed and replaced: commands and messages are recorded, and passed on unless
+// a test has told otherwise.
 #pragma once
 
 #include <functional>

@@ -34,7 +34,7 @@ class RowScope {
   RowScope& operator=(const RowScope&) = delete;
 
  private:
-  DeviceState device_;
+  seam::Snapshot device_ = seam::Snapshot::of_lab();
   Seams seams_ = seams();
 };
 
@@ -171,9 +171,9 @@ void TableTest::expect_sets(const std::vector<Set>& rows) {
     SCOPED_TRACE("row " + std::to_string(&row - rows.data()) + ": set " + described(row.at) + " to \"" + row.value +
                  '"');
     const RowScope scope(row.before);
-    const DeviceState before;
+    const seam::Snapshot before = seam::Snapshot::of_lab();
     EXPECT_EQ(set(row.at.handler, row.value, row.at.instances), row.outcome);
-    Effects effects = before.effects();
+    Effects effects = effects_since(before);
     for (const std::string& command : commands()) effects.push_back(runs(command));
     for (const std::string& message : family_messages()) effects.push_back(logs(message));
     EXPECT_EQ(effects, row.effects);

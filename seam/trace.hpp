@@ -11,7 +11,7 @@ extern "C" {
 #include <string>
 #include <vector>
 
-namespace kovadm {
+namespace seam {
 
 // Something looked up in the configuration: an option, or the section or package that was missing.
 struct LookUp {
@@ -40,24 +40,7 @@ Trace trace(const std::function<void()>& work);
 // A message of the bus for people: " NAME=VALUE" for each field.
 std::string message_text(blob_attr* message);
 
-// What the plug-in's calls tell while they are observed; otherwise nothing happens. Status 0 is success.
-namespace note {
+// A message of the log.
+std::string formatted(const char* format, va_list arguments);
 
-void command(const char* command);
-void file(const char* path, const char* finding);
-void message(const char* format, va_list arguments);
-
-// A package that was loaded, or (nullptr) was not there; and that it is about to be freed, alone or with its context.
-void load(uci_context* context, const char* name, const uci_package* package);
-void package_end(const uci_package* package);
-void context_end(const uci_context* context);
-
-// A name that was looked up in a list, and what was found there; nullptr for nothing.
-void look_up(const uci_list* list, const char* name, uci_element* found);
-
-void bus_object(const char* object, uint32_t id, int status);
-void bus_call(uint32_t id, const char* method, blob_attr* message, int status);
-
-}  // namespace note
-
-}  // namespace kovadm
+}  // namespace seam

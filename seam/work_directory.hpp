@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace kovadm {
+namespace seam {
 
 class WorkDirectory {
  public:
@@ -23,4 +23,4 @@ class WorkDirectory {
   pid_t remover_ = -1;
 };
 
-}  // namespace kovadm
+}  // namespace seam

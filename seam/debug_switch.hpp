@@ -1,15 +1,11 @@
 // The file whose existence switches the plug-in's debug log on.
 #pragma once
 
-#include <string_view>
-
-namespace kovadm {
+namespace seam {
 
 // Switches the log on for its lifetime; one that was on before stays on.
 class DebugSwitch {
  public:
-  static constexpr std::string_view kFile = "/tmp/cwmp_debug";
-
   DebugSwitch();
   ~DebugSwitch();
   DebugSwitch(const DebugSwitch&) = delete;
@@ -19,4 +15,4 @@ class DebugSwitch {
   bool created_ = false;
 };
 
-}  // namespace kovadm
+}  // namespace seam

@@ -1,4 +1,4 @@
-#include "recording/work_directory.hpp"
+#include "seam/work_directory.hpp"
 
 #include <fcntl.h>
 #include <sys/wait.h>
@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace kovadm {
+namespace seam {
 namespace {
 
 namespace fs = std::filesystem;
@@ -53,4 +53,4 @@ WorkDirectory::~WorkDirectory() {
   waitpid(remover_, nullptr, 0);
 }
 
-}  // namespace kovadm
+}  // namespace seam

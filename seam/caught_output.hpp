@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace kovadm {
+namespace seam {
 
 // Catches what is written to the descriptors for its lifetime.
 class CaughtOutput {
@@ -23,4 +23,4 @@ class CaughtOutput {
   int file_;
 };
 
-}  // namespace kovadm
+}  // namespace seam

@@ -1,4 +1,4 @@
-#include "debug_switch.hpp"
+#include "seam/debug_switch.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -6,9 +6,10 @@
 #include <csignal>
 #include <string>
 
-#include "platform.hpp"
+#include "seam/paths.hpp"
+#include "seam/platform.hpp"
 
-namespace kovadm {
+namespace seam {
 namespace {
 
 constexpr int kEndings[] = {SIGABRT, SIGBUS, SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGSEGV, SIGTERM};
@@ -45,7 +46,7 @@ DebugSwitch::DebugSwitch() {
   sigemptyset(&endings);
   for (const int signal : kEndings) sigaddset(&endings, signal);
   sigprocmask(SIG_BLOCK, &endings, &before);
-  file = platform().place(std::string(kFile));
+  file = platform().place(kDebugFile);
   created_ = create_file();
   if (created_) replace_endings(remove_file_and_end);
   sigprocmask(SIG_SETMASK, &before, nullptr);
@@ -57,4 +58,4 @@ DebugSwitch::~DebugSwitch() {
   replace_endings(SIG_DFL);
 }
 
-}  // namespace kovadm
+}  // namespace seam

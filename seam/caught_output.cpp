@@ -1,4 +1,4 @@
-#include "caught_output.hpp"
+#include "seam/caught_output.hpp"
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <system_error>
 
-namespace kovadm {
+namespace seam {
 
 CaughtOutput::CaughtOutput(const std::vector<int>& descriptors) : file_(memfd_create("output", MFD_CLOEXEC)) {
   // Appending, so that the file can be emptied below a program that goes on writing.
@@ -45,4 +45,4 @@ std::string CaughtOutput::take() {
   return text;
 }
 
-}  // namespace kovadm
+}  // namespace seam
