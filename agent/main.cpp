@@ -6,7 +6,6 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
-#include <set>
 #include <system_error>
 
 #include "arguments.hpp"
@@ -33,9 +32,8 @@ Recording record_like(const Recording& other, const Arguments& arguments, Output
   need_router();
   Recording recording;
   recording.prefixes = other.prefixes;
-  std::set<std::string> replaced;
   Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state));
-  make_recording(agent, recording, replaced, output);
+  make_recording(agent, recording, output);
   return recording;
 }
 

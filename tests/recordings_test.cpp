@@ -106,6 +106,31 @@ and-a-tail"; option name 'kept  '
   EXPECT_EQ(json::parse(text)["directories"]["/etc/config"]["extra"], extra);
 }
 
+TEST_F(Kovadm, ARecordingIsItsOwnersAndFollowsNoLink) {
+  write_file("/root/theirs", "before");
+  run("chmod 644 /root/theirs; ln -sf theirs /root/link; cp /root/theirs " RECORDING
+      "; mkfifo /root/fifo; "
+      "ln -s /etc/passwd /etc/config/linked; mv /tmp/diag /root; ln -s /root/diag /tmp/diag; echo it >/root/diag/it");
+  const json record = kovadm("record --json --with-secrets " RECORDING " Device.Users.").document();
+  EXPECT_EQ(record["left_out"], (json{"/etc/config/linked", "/tmp/diag"}));
+  EXPECT_EQ(run("test \"$(stat -c %a " RECORDING ")\" = 600 && grep -q admin-secret " RECORDING), 0);
+  EXPECT_NE(run("grep -e root:x -e '\"it' " RECORDING), 0);
+  const std::string good = *contents(RECORDING);
+  for (const auto& [command, message] : {std::pair{"record /root/link", "/root/link is a link: name the file itself"},
+                                         {"record /root/fifo", "/root/fifo is no plain file: name another one"},
+                                         {"record /root/none/file", "/root/none/file: No such file or directory"}}) {
+    const Finished refused = kovadm(std::string(command) + " Device.Users.");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.error, std::string("kovadm: ") + message + "\n");
+  }
+  EXPECT_EQ(WEXITSTATUS(run("(trap '' XFSZ; ulimit -f 1; kovadm record " RECORDING " 2>/dev/null)")), 2);
+  EXPECT_EQ(contents(RECORDING), good);
+  EXPECT_EQ(contents("/root/theirs"), "before");
+  EXPECT_EQ(
+      run("test -z \"$(ls " RECORDING ".* 2>/dev/null)\"; rm -r /root/fifo /root/link /etc/config/linked /tmp/diag"),
+      0);
+}
+
 TEST_F(Kovadm, AFileThatIsNoRecordingIsRefusedInOneLine) {
   ASSERT_EQ(kovadm("record " RECORDING " Device.IP.").status, 0);
   const std::string good = *contents(RECORDING);

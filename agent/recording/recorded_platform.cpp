@@ -59,14 +59,23 @@ int not_there() {
 
 // ---- Asking the machine ----
 
+// A file's path, or its directory's, where that is a link; else nothing.
+std::string link_to(const fs::path& file) {
+  for (const fs::path& path : {file.parent_path(), file}) {
+    if (fs::is_symlink(path)) return path;
+  }
+  return "";
+}
+
 // Has the command run, and notes what that changed.
 template <typename Run>
 CommandAnswer watch(Run run) {
   const seam::Texts before = seam::kept_files(seam::machine());
   CommandAnswer answer;
   run(answer);
-  for (const auto& [path, ignored, after] : seam::differences(before, seam::kept_files(seam::machine())))
-    answer.changed[path] = after;
+  for (const auto& [path, ignored, after] : seam::differences(before, seam::kept_files(seam::machine()))) {
+    if (link_to(path).empty()) answer.changed[path] = after;
+  }
   return answer;
 }
 
@@ -139,10 +148,16 @@ RecordedPlatform::RecordedPlatform(Recording& recording, Source source, std::fun
 
 void RecordedPlatform::read_directories() {
   for (const char* directory : seam::kKeptDirectories) {
-    if (fs::is_directory(directory)) recording_.directories[directory];
+    if (fs::is_directory(fs::symlink_status(directory))) recording_.directories[directory];
   }
-  for (const auto& [path, text] : seam::kept_files(seam::machine()))
-    recording_.directories[fs::path(path).parent_path()][fs::path(path).filename()] = text;
+  for (const auto& [path, text] : seam::kept_files(seam::machine())) {
+    const std::string link = link_to(path);
+    if (link.empty()) {
+      recording_.directories[fs::path(path).parent_path()][fs::path(path).filename()] = text;
+    } else {
+      left_out_.insert(link);
+    }
+  }
 }
 
 void RecordedPlatform::write_files() const {
