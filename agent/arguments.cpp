@@ -78,8 +78,8 @@ void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::strin
   set->add_flag("--force", arguments.set.force, "Pass on what is no value of the parameter's type, too");
   CLI::App* walk = app.add_subcommand("walk", "Values of all parameters below PREFIX, instances expanded");
   walk->add_option("PREFIX", arguments.prefixes, kPrefixes);
-  CLI::App* explain = app.add_subcommand("explain", "What one get of PATH really does");
-  explain->add_option("PATH", arguments.path)->required();
+  CLI::App* explain = app.add_subcommand("explain", "What one get of PATH, or one set, really does");
+  explain->add_option("PATH[=VALUE]", arguments.path, "VALUE as with set; nothing is left changed")->required();
   CLI::App* record = app.add_subcommand("record", "Keep in FILE all that gets depend on, to be replayed elsewhere");
   record->add_option("FILE", arguments.recording)->required();
   record->add_option("PREFIX", arguments.prefixes, kPrefixes);
@@ -119,6 +119,7 @@ std::variant<Arguments, int> parse_arguments(int argc, char** argv) {
   try {
     app.parse(argc, argv);
     arguments.command = app.get_subcommands().front()->get_name();
+    if (arguments.path.find('=') != std::string::npos) settings = {arguments.path};
     arguments.settings = split_settings(settings);
     return arguments;
   } catch (const CLI::ParseError& error) {

@@ -1,6 +1,8 @@
 #include "catalogue.hpp"
 
+#include <algorithm>
 #include <initializer_list>
+#include <regex>
 
 #include "families.h"
 
@@ -33,6 +35,20 @@ std::vector<Row> make_rows() {
 const std::vector<Row>& catalogue() {
   static const std::vector<Row> rows = make_rows();
   return rows;
+}
+
+bool is_secret_name(const std::string& name) {
+  static const std::regex names(
+      "passw(or)?d|passphrase|secret|psk|pwd|token|private|credential|"
+      "^(wep|wpa|wpa2|sae|auth|preshared)?_?key_?[0-9]*$|^(sim|wps|ap)?_?(pin|puk)_?(code)?[0-9]*$",
+      std::regex::icase);
+  return std::regex_search(name, names);
+}
+
+bool is_secret(const Row& row) {
+  return row.type == Type::SECRET || std::any_of(row.paths.begin(), row.paths.end(), [](const std::string& path) {
+           return is_secret_name(path.substr(path.rfind('.') + 1));
+         });
 }
 
 std::string to_text(Access access) { return access == Access::READ_ONLY ? "read-only" : "read-write"; }

@@ -19,6 +19,14 @@ struct Row {
 // Every row, family by family, in the headers' order.
 const std::vector<Row>& catalogue();
 
+// What parameters, options and fields are called whose values are secrets: passwords, keys, PINs.
+bool is_secret_name(const std::string& name);
+// By its type, or its name.
+bool is_secret(const Row& row);
+
+// Where the handler is defined, as "FILE:LINE" of the sources that this program was built with; empty: unknown.
+std::string definition_of(const std::string& handler);
+
 // As shown to the user: "read-only", "unsignedInt", "string (hidden)".
 std::string to_text(Access access);
 std::string to_text(Type type);

@@ -103,11 +103,15 @@ std::vector<Change> changes(const Texts& before, const Texts& after, const Texts
   return all;
 }
 
+std::string to_text(const Change& change) {
+  return change.store + ": " + change.path + ": " + quoted(change, change.before) + " -> " +
+         quoted(change, change.after) + (change.was_pending ? " (was pending)" : "");
+}
+
 Json tell_changes(const std::vector<Change>& changes, Output& output) {
   Json list = Json::array();
   for (const Change& change : changes) {
-    output.line(change.store + ": " + change.path + ": " + quoted(change, change.before) + " -> " +
-                quoted(change, change.after) + (change.was_pending ? " (was pending)" : ""));
+    output.line(to_text(change));
     list.push_back({{"store", change.store},
                     {"path", change.path},
                     {"before", json_or_null(change.before)},

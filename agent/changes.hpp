@@ -25,6 +25,9 @@ struct Change {
 // the request.
 std::vector<Change> changes(const seam::Texts& before, const seam::Texts& after, const seam::Texts& start);
 
+// For people.
+std::string to_text(const Change& change);
+
 // Tells the changes, and makes their part of the document.
 Json tell_changes(const std::vector<Change>& changes, Output& output);
 

@@ -51,4 +51,11 @@ int diff(Recording before, Recording after, const std::string& plugin, Output& o
 // Gets the parameter once and tells what that did.
 int explain(Agent& agent, const std::string& path, Output& output);
 
+// Tells what one set of the parameter does to the platform in use; see explain_on_copy().
+int explain(Agent& agent, const Setting& setting, Output& output);
+
+// The same to a copy of this machine's stores, so that nothing is left changed: no command is run but those whose output
+// is read, and what they change of the stores is put back.
+int explain_on_copy(Agent& agent, const Setting& setting, Output& output);
+
 }  // namespace kovadm

@@ -1,6 +1,13 @@
+#include <algorithm>
+
+#include "apply_mask.hpp"
+#include "changes.hpp"
 #include "commands.hpp"
 #include "instances.hpp"
+#include "recording/recorded_platform.hpp"
+#include "seam/snapshot.hpp"
 #include "seam/trace.hpp"
+#include "task_records.hpp"
 
 namespace kovadm {
 namespace {
@@ -25,6 +32,7 @@ std::string numbers_text(const std::vector<int32_t>& numbers) {
 void tell_row(const Parameter& parameter, Output& output) {
   const Row& row = *parameter.row;
   tell("handler", {row.handler}, output);
+  tell("defined", {definition_of(row.handler)}, output);
   tell("paths", row.paths, output);
   tell("access", {to_text(row.access)}, output);
   tell("type", {to_text(row.type)}, output);
@@ -32,6 +40,7 @@ void tell_row(const Parameter& parameter, Output& output) {
   Json& document = output.document();
   document["path"] = parameter.path;
   document["handler"] = row.handler;
+  document["defined"] = definition_of(row.handler);
   document["paths"] = row.paths;
   document["access"] = to_text(row.access);
   document["type"] = to_text(row.type);
@@ -75,6 +84,27 @@ void tell_trace(const seam::Trace& trace, Output& output) {
   output.document()["printed"] = trace.printed;
 }
 
+// The commands of a set, which have not all been run.
+void mark_not_run(seam::Trace& trace) {
+  for (std::string& command : trace.commands) {
+    if (std::ranges::find(trace.started, command) != trace.started.end()) command += " (not run)";
+  }
+}
+
+void tell_outcome(uint32_t mask, const std::vector<std::string>& recorded, const std::vector<Change>& changes,
+                  Output& output) {
+  std::vector<std::string> bits;
+  for (const ApplyBit& bit : raised_bits(mask)) bits.push_back(bit.name);
+  std::vector<std::string> lines;
+  for (const Change& change : changes) lines.push_back(to_text(change));
+  tell("apply", bits, output);
+  tell("recorded", recorded, output);
+  tell("changes", lines, output);
+  output.document()["bits"] = bits;
+  output.document()["recorded"] = recorded;
+  output.document()["changes"] = lines;
+}
+
 }  // namespace
 
 int explain(Agent& agent, const std::string& path, Output& output) {
@@ -98,6 +128,32 @@ int explain(Agent& agent, const std::string& path, Output& output) {
     output.fault(std::get<Fault>(answer));
   }
   return output.finish();
+}
+
+int explain(Agent& agent, const Setting& setting, Output& output) {
+  const auto parameter = find_parameter(setting.path);
+  if (!parameter) {
+    output.fault(unknown_path(setting.path));
+    return output.finish();
+  }
+  tell_row(*parameter, output);
+  const seam::Texts before = seam::kept_files();
+  const TaskRecords records;
+  uint32_t mask = 0;
+  std::optional<Fault> fault;
+  seam::Trace seen = seam::trace([&] { fault = agent.set(*parameter, setting.value, mask); });
+  mark_not_run(seen);
+  tell_trace(seen, output);
+  tell_outcome(mask, records.recorded_since(), changes(before, seam::kept_files(), before), output);
+  if (fault) output.fault(*fault);
+  return output.finish();
+}
+
+int explain_on_copy(Agent& agent, const Setting& setting, Output& output) {
+  Recording copy;
+  RecordedPlatform platform(copy, RecordedPlatform::Source::TRIAL);
+  const seam::InUse in_use(platform);
+  return explain(agent, setting, output);
 }
 
 }  // namespace kovadm

@@ -35,8 +35,11 @@ int list(const std::vector<std::string>& prefixes, Output& output) {
     const std::string access = to_text(row->access);
     const std::string type = to_text(row->type);
     table.push_back({path, access, type});
-    output.document()["parameters"].push_back(
-        {{"path", path}, {"access", access}, {"type", type}, {"handler", row->handler}});
+    output.document()["parameters"].push_back({{"path", path},
+                                               {"access", access},
+                                               {"type", type},
+                                               {"handler", row->handler},
+                                               {"defined", definition_of(row->handler)}});
   }
   for (const std::string& line : table_lines(table)) output.line(line);
   return output.finish();

@@ -55,7 +55,10 @@ int run_command(Agent& agent, const Arguments& arguments, Output& output) {
   if (command == "record")
     return record(agent, arguments.recording, arguments.prefixes, arguments.with_secrets, output);
   if (command == "profiles") return profiles(&agent, arguments.profiles, output);
-  return explain(agent, arguments.path, output);
+  if (arguments.settings.empty()) return explain(agent, arguments.path, output);
+  // A replay's stores are copies.
+  const Setting& setting = arguments.settings.front();
+  return arguments.replay.empty() ? explain_on_copy(agent, setting, output) : explain(agent, setting, output);
 }
 
 int run_replay(const Arguments& arguments) {

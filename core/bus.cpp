@@ -8,9 +8,11 @@ extern "C" {
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
 #include <iterator>
 #include <span>
 
+#include "bus.hpp"
 #include "descriptors.hpp"
 #include "log.hpp"
 #include "text.hpp"
@@ -72,13 +74,11 @@ struct StatusQuery {
 
 // ---- Pieces of a reply ----
 
-// The one field of this name and type in a table; nullptr when it is absent, `parsed` false when the table is
-// malformed.
-blob_attr* inner_field(blob_attr* table, const char* name, enum blobmsg_type type, bool& parsed) {
+// Finds the field of this name and type in a table; nullptr when it is absent. False for a malformed table.
+bool find_field(blob_attr* table, const char* name, enum blobmsg_type type, blob_attr*& field) {
   const blobmsg_policy policy[] = {{.name = name, .type = type}};
-  blob_attr* field = nullptr;
-  parsed = blobmsg_parse(policy, 1, &field, blobmsg_data(table), static_cast<unsigned>(blobmsg_data_len(table))) == 0;
-  return parsed ? field : nullptr;
+  field = nullptr;
+  return blobmsg_parse(policy, 1, &field, blobmsg_data(table), static_cast<unsigned>(blobmsg_data_len(table))) == 0;
 }
 
 // The field of an array's first element, which is a table.
@@ -88,27 +88,36 @@ blob_attr* field_of_first(blob_attr* array, const char* name, enum blobmsg_type 
   size_t rest = 0;
   blobmsg_for_each_attr(element, array, rest) {
     if (blobmsg_type(element) != BLOBMSG_TYPE_TABLE || !blobmsg_check_attr(element, false)) return nullptr;
-    bool parsed = false;
-    return inner_field(element, name, type, parsed);
+    blob_attr* field = nullptr;
+    return find_field(element, name, type, field) ? field : nullptr;
   }
   return nullptr;
 }
 
-// Joins the strings of an array with ","; an empty array writes nothing.
-void write_joined(const StatusQuery& query, blob_attr* array) {
+// Hands the strings of an array to `take`, until it returns false or an element is malformed.
+template <typename Take>
+void for_each_string(blob_attr* array, Take take) {
   if (array == nullptr) return;
-  size_t used = 0;
-  const char* separator = "";
   blob_attr* element = nullptr;
   size_t rest = 0;
   blobmsg_for_each_attr(element, array, rest) {
     if (blobmsg_type(element) != BLOBMSG_TYPE_STRING || !blobmsg_check_attr(element, false)) return;
+    if (!take(blobmsg_get_string(element))) return;
+  }
+}
+
+// Joins the strings of an array with ","; an empty array writes nothing.
+void write_joined(const StatusQuery& query, blob_attr* array) {
+  size_t used = 0;
+  const char* separator = "";
+  for_each_string(array, [&](const char* text) {
     const std::span<char> left = query.output.subspan(used);
-    const int length = snprintf(left.data(), left.size(), "%s%s", separator, blobmsg_get_string(element));
-    if (length < 0 || static_cast<size_t>(length) >= left.size()) return;
+    const int length = snprintf(left.data(), left.size(), "%s%s", separator, text);
+    if (length < 0 || static_cast<size_t>(length) >= left.size()) return false;
     used += static_cast<size_t>(length);
     separator = ",";
-  }
+    return true;
+  });
 }
 
 void write_netmask(const StatusQuery& query, blob_attr* prefix) {
@@ -178,9 +187,11 @@ constexpr const char* kStatistics[] = {"tx_bytes", "tx_packets", "tx_errors", "r
 
 void write_statistic(const StatusQuery& query, blob_attr* statistics) {
   if (statistics == nullptr) return;
-  bool parsed = false;
-  blob_attr* counter = inner_field(statistics, kStatistics[query.code - DEVICE_TX_BYTES], BLOBMSG_TYPE_INT64, parsed);
-  if (!parsed) LOG("blob parsed error\n");
+  blob_attr* counter = nullptr;
+  if (!find_field(statistics, kStatistics[query.code - DEVICE_TX_BYTES], BLOBMSG_TYPE_INT64, counter)) {
+    LOG("blob parsed error\n");
+    return;
+  }
   if (counter != nullptr) query.write_number(blobmsg_get_u64(counter));
 }
 
@@ -190,10 +201,23 @@ void write_device_field(const StatusQuery& query, blob_attr* const (&fields)[DEV
   if (query.code == DEVICE_BRIDGE_MEMBERS) write_joined(query, fields[BRIDGE_MEMBERS]);
 }
 
-// Parses a status reply with its policy and hands the fields on.
-template <int Fields>
+// Who takes a bridge's members.
+struct MemberTaker {
+  void (*take)(void* context, const char* name);
+  void* context;
+};
+
+void hand_on_members(const MemberTaker& taker, blob_attr* const (&fields)[DEVICE_FIELDS]) {
+  for_each_string(fields[BRIDGE_MEMBERS], [&](const char* name) {
+    taker.take(taker.context, name);
+    return true;
+  });
+}
+
+// Parses a status reply with its policy and hands the fields on, with what the request carries.
+template <typename Wanted, int Fields>
 void parse_reply(ubus_request* request, blob_attr* reply, const blobmsg_policy (&policy)[Fields],
-                 void (*write_field)(const StatusQuery&, blob_attr* const (&)[Fields])) {
+                 void (*hand_on)(const Wanted&, blob_attr* const (&)[Fields])) {
   if (request == nullptr || request->priv == nullptr || reply == nullptr) {
     LOG("NP\n");
     return;
@@ -203,7 +227,7 @@ void parse_reply(ubus_request* request, blob_attr* reply, const blobmsg_policy (
     LOG("blob parsed error\n");
     return;
   }
-  write_field(*static_cast<const StatusQuery*>(request->priv), fields);
+  hand_on(*static_cast<const Wanted*>(request->priv), fields);
 }
 
 void on_interface_status(ubus_request* request, int /*type*/, blob_attr* reply) {
@@ -214,11 +238,28 @@ void on_device_status(ubus_request* request, int /*type*/, blob_attr* reply) {
   parse_reply(request, reply, kDevicePolicy, write_device_field);
 }
 
+void on_bridge_members(ubus_request* request, int /*type*/, blob_attr* reply) {
+  parse_reply(request, reply, kDevicePolicy, hand_on_members);
+}
+
+// Asks for the status of a network device. The result is that of ubus_call.
+int32_t ask_device(const char* name, bus_reply_handler on_reply, void* wanted) {
+  Message message;
+  message.add("name", name);
+  return message ? ubus_call("network.device", "status", message.get(), on_reply, wanted, kTimeout) : -1;
+}
+
+// Without room in the output the bus is asked all the same, and nothing is written.
 StatusQuery make_query(uint32_t code, char* output, int32_t length) {
-  return {code, {output, static_cast<size_t>(length)}};
+  return {code, {output, static_cast<size_t>(std::max(length, 0))}};
 }
 
 }  // namespace
+
+bool kova::for_each_bridge_member(const char* bridge, void (*take)(void* context, const char* name), void* context) {
+  MemberTaker taker{take, context};
+  return ask_device(bridge, on_bridge_members, &taker) == 0;
+}
 
 int32_t ubus_call(const char* path, const char* method, blob_attr* message, bus_reply_handler reply_handler,
                   void* context, int32_t timeout) {
@@ -242,7 +283,7 @@ int32_t ubus_call(const char* path, const char* method, blob_attr* message, bus_
 }
 
 int32_t netif_get_interface_status(const char* name, uint32_t query, char* output, int32_t length) {
-  if (name == nullptr || output == nullptr || length <= 0) return -1;
+  if (name == nullptr || output == nullptr) return -1;
   Text<96> path;
   path.print("network.interface.%.63s", name);
   StatusQuery wanted = make_query(query, output, length);
@@ -250,10 +291,7 @@ int32_t netif_get_interface_status(const char* name, uint32_t query, char* outpu
 }
 
 int32_t netif_get_device_status(const char* name, uint32_t query, char* output, int32_t length) {
-  if (name == nullptr || output == nullptr || length <= 0) return -1;
-  Message message;
-  message.add("name", name);
-  if (!message) return -1;
+  if (name == nullptr || output == nullptr) return -1;
   StatusQuery wanted = make_query(query, output, length);
-  return ubus_call("network.device", "status", message.get(), on_device_status, &wanted, kTimeout);
+  return ask_device(name, on_device_status, &wanted);
 }

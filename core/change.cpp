@@ -102,10 +102,16 @@ bool set_option_creating_section(uci_context* context, const Change& change) {
   return error == UCI_OK || refuse(change, error);
 }
 
-// Whether the package holds the change already, and nothing else waits to be committed with it.
+// Whether changes of the package by others wait to be committed.
+bool others_wait(const char* package) {
+  Text<512> path;
+  struct stat changes;
+  return !path.print("/tmp/.uci/%s", package) || (stat(path.c_str(), &changes) == 0 && changes.st_size != 0);
+}
+
+// Whether the package holds the change already, and nothing else is committed with it.
 bool changes_nothing(uci_context* context, uci_package* package, const Change& change) {
-  Text<512> waiting;
-  if (!waiting.print("/tmp/.uci/%s", change.package) || access(waiting.c_str(), F_OK) == 0) return false;
+  if (others_wait(change.package)) return false;
   uci_section* section = uci_lookup_section(context, package, change.section);
   if (section == nullptr) return false;
   const uci_option* option = uci_lookup_option(context, section, change.option);

@@ -22,24 +22,27 @@ struct Lan {
 
 uint32_t number(const char* text) { return static_cast<uint32_t>(leading_number(text)); }
 
+bool is_unknown() {
+  LOG("GDIE.\n\n");
+  return false;
+}
+
 // False, logged, when it cannot be told.
 bool read_lan(Lan& lan) {
-  Text<64> address;
-  Text<64> mask;
-  Text<16> start;
-  Text<16> limit;
-  if (!read_option({"network", "lan"}, "ipaddr", address.span()) ||
-      !read_option({"network", "lan"}, "netmask", mask.span()) ||
-      !read_option({"dhcp", "lan"}, "start", start.span()) || !read_option({"dhcp", "lan"}, "limit", limit.span())) {
-    LOG("GDIE.\n\n");
-    return false;
-  }
-  if (!lan.address.parse(address.c_str()) || !lan.mask.parse(mask.c_str())) {
+  const Option address({"network", "lan"}, "ipaddr");
+  if (!address) return is_unknown();
+  const Option mask({"network", "lan"}, "netmask");
+  if (!mask) return is_unknown();
+  const Option start({"dhcp", "lan"}, "start");
+  if (!start) return is_unknown();
+  const Option limit({"dhcp", "lan"}, "limit");
+  if (!limit) return is_unknown();
+  if (!lan.address.parse(address.text()) || !lan.mask.parse(mask.text())) {
     LOG("invalid ip\n\n");
     return false;
   }
-  lan.first = (lan.address & lan.mask) + number(start.c_str());
-  lan.last = lan.first + (number(limit.c_str()) - 1);
+  lan.first = (lan.address & lan.mask) + number(start.text());
+  lan.last = lan.first + (number(limit.text()) - 1);
   return true;
 }
 

@@ -32,6 +32,13 @@ bool Call::reply(const char* text) {
   return true;
 }
 
+bool Call::reply_joined(std::initializer_list<const char*> parts) {
+  char* end = text_;
+  *end = '\0';
+  for (const char* part : parts) end = stpcpy(end, part);
+  return true;
+}
+
 bool Call::reply_number(long long number) {
   Text<24> text;
   text.print("%lld", number);

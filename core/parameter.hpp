@@ -16,6 +16,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string_view>
 #include <type_traits>
 
@@ -48,6 +49,7 @@ class Call {
   // Get: the agent's output buffer, and the ways to fill it. All return true.
   char* output() { return text_; }
   bool reply(const char* text);
+  bool reply_joined(std::initializer_list<const char*> parts);
   bool reply_number(long long number);
 
   // Get: the agent's record.

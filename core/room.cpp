@@ -1,6 +1,7 @@
 #include "room.hpp"
 
 #include <string.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/vfs.h>
 #include <unistd.h>
@@ -56,6 +57,12 @@ class FileSystem {
   uint64_t free_ = 0;
 };
 
+// Whether this process may write a file of this size.
+bool is_allowed(uint64_t size) {
+  rlimit limit;
+  return getrlimit(RLIMIT_FSIZE, &limit) != 0 || size <= limit.rlim_cur;
+}
+
 }  // namespace
 
 uint64_t quoted_size(const char* value) {
@@ -75,8 +82,9 @@ uint64_t file_size(const uci_package& package) {
 bool has_room(const char* directory, uint64_t size, uint64_t change) {
   const FileSystem package_files(directory);
   const FileSystem changes("/tmp");
-  const bool room = package_files.is(changes) ? package_files.has_room(size, change)
+  const bool fits = package_files.is(changes) ? package_files.has_room(size, change)
                                               : package_files.has_room(size) && changes.has_room(change);
+  const bool room = fits && is_allowed(size);
   if (!room) LOG("no room for %s\n", directory);
   return room;
 }

@@ -55,6 +55,7 @@ class Observer final : public Platform {
   }
   int system(const char* command) override {
     trace_.commands.emplace_back(command);
+    trace_.started.emplace_back(command);
     return Platform::system(command);
   }
 

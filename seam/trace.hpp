@@ -28,6 +28,7 @@ struct Trace {
   std::vector<LookUp> look_ups;
   std::vector<std::string> walked_packages;  // searched section by section instead of by name
   std::vector<std::string> commands;
+  std::vector<std::string> started;    // those of the commands whose output is not read
   std::vector<FileUse> files;          // opened or tested
   std::vector<std::string> bus_calls;  // object, method, message
   std::vector<std::string> log;        // messages with module and line

@@ -86,6 +86,12 @@ TEST_F(DhcpPool, IsTheConfiguredRange) {
   }
 }
 
+TEST_F(DhcpPool, NumbersAreReadWhole) {
+  configure("dhcp.lan.start", std::string(20, '0') + "100");
+  configure("dhcp.lan.limit", std::string(20, ' ') + "150");
+  EXPECT_EQ(configured(), "192.168.1.100 - 192.168.1.249");
+}
+
 TEST_F(DhcpPool, RangesAreCompletedFromTheConfiguredPool) {
   for (const auto& [range, expected] : {std::pair{"192.168.1.50 - ", "192.168.1.50 - 192.168.1.249"},
                                         {"192.168.1.251 - ", "192.168.1.251 - 192.168.1.251"},

@@ -209,6 +209,7 @@ TEST_F(Diagnostics, PartsOfAHopAreCountedByTheTries) {
     std::string log = host + ".\n";
   } lines[] = {
       {"2 1.1 1.2 1.3 gw.example 10.0.0.1\n", "5", gw, ip, "0", three},
+      {"2 1.1 1.2 1.3 gw.example 10.0.0.1\n", "4294967297", gw, ip, "0", three},
       {"2 1.1 1.2 gw.example 10.0.0.1\n", "2", gw, ip, "0", "1.1,1.2,"},
       {"2 gw.example 10.0.0.1\n", "0", gw, ip, "0", ""},
       {"gw.example 10.0.0.1\n", "-1", gw, ip, "0", ""},

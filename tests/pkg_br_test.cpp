@@ -90,6 +90,7 @@ TEST_F(Vlans, TheIdGoesToIptvWhichMakesWayAsTelephonyDoes) {
                {VLAN(VLANID), "50", accepted(0x800), {iptv31, mode, phone21}, telephony},
                {VLAN(VLANID), "51", accepted(0x800), {iptv31, mode}, telephony},
                {VLAN(VLANID), long_id, accepted(0x800), {iptv31, mode}, telephony},
+               {VLAN(VLANID), long_id, accepted(0x800), {iptv31, mode}, iptv("voip_vlan", long_id + "y")},
                {VLAN(VLANID), "51", accepted(0x800), {iptv31, mode}, no_write("voip_vlan")},
                {VLAN(VLANID), "51", accepted(0x800), {iptv51, mode}, telephony && no_write("iptv_vlan=31")},
                {VLAN(VLANID), "51", kRefused, {not_stored}, no_write("mode=custom")},
@@ -139,7 +140,9 @@ TEST_F(Vlans, ALanPortHasTheServiceThatTheScriptFound) {
     return reads && exits(0) && prints("cat /tmp/laninfo |  awk '{print $" + number + "}'", line);
   };
   expect_gets({{lan(1), field("2", "Inet\n"), "Internet"},
-               {lan(4), field("8", "voip\n"), "voip"},
+               {lan(4), option("cwmp.info.lanport_num", "") && field("8", "voip\n"), "voip"},
+               {lan(4), exits(0) && file("/tmp/laninfo", "1 inet 2 inet 3 inet 4 voip\n"), "UNKOWN", "GILTF 5.\n"},
+               {lan(INT32_MAX), as_is, "UNKOWN", "GILTF 2147483648.\n"},
                {lan(2), field("4", std::string(120, 'i')), std::string(99, 'i')},
                {lan(3), field("6", ""), "UNKOWN", "GILTF 4.\n"},
                {lan(3), iptv("lan3", "voip"), "voip"},  // by the script itself, asked first
@@ -150,8 +153,10 @@ TEST_F(Vlans, ALanPortHasTheServiceThatTheScriptFound) {
                {lan(3), "voip", kRefused},
                {lan(3), "inet", kRefused, {logs("FTSIVT.\n")}},
                {lan(0), "iptv", kRefused, {logs("LE\n")}}});
+  const std::string zeros = std::string(40, '0') + "5";
   for (const auto& [number, reply] : {std::pair{"", answered("4")},
                                       {"1", answered("1")},
+                                      {zeros.c_str(), answered(zeros)},
                                       {"5 ports", answered("5 ports")},
                                       {"0", kGetFailed},
                                       {"-2", kGetFailed}})
@@ -207,6 +212,13 @@ Source members(const std::string& names) {
              "tx_errors": 23, "rx_bytes": 11, "rx_packets": 12, "rx_errors": 0}}}])");
 }
 
+// "port-10001", "port-10002" and so on.
+Source many_members(int count) {
+  std::string names;
+  for (int port = 10001; port <= 10000 + count; ++port) names += ", \"port-" + std::to_string(port) + '"';
+  return members(names.substr(2));
+}
+
 const Source kThree = members(R"("eth0.1", "ra1", "wl9")");
 const Source kNoAnswer = second_bridge("br-test\n") && status("network.device", R"({"status": 4})");
 const Source kNoBridge = second_bridge("");
@@ -226,6 +238,8 @@ TEST_F(Bridges, AreCountedAndSoAreTheirPorts) {
                {BRIDGE(Status), as_is, "Enabled"},
                {PORT(Enable), as_is, "1"},
                {ports, kThree, "3"},
+               {ports, many_members(120), "120"},
+               {ports, members(R"("a,b", "", ",c")"), "3"},
                {ports, members(""), "0"},
                {ports, kNoAnswer, "0"},
                {ports, kNoBridge, "0"},
@@ -240,6 +254,9 @@ TEST_F(Bridges, PortsAreTheMembersInTheirOrder) {
   expect_gets({{At{PORT(Name), {2, 1}}, kThree, "eth0.1"},
                {At{PORT(Name), {2, 3}}, kThree, "wl9"},
                {At{PORT(Name), {2, 1}}, members(R"("eth0.1")"), "eth0.1"},
+               {At{PORT(Name), {2, 2}}, members(R"("a,b", "", ",c")"), "b"},
+               {At{PORT(Name), {2, 120}}, many_members(120), "port-10120"},
+               {At{PORT(Name), {2, 1}}, members('"' + std::string(5000, 'p') + '"'), std::string(4095, 'p')},
                {At{PORT(Status), {2, 1}}, up("eth0.1", "up\n"), "Up"},
                {At{PORT(Status), {2, 2}}, up("ra1", "UPPER\n"), "Down"},
                {At{PORT(Status), {2, 3}}, up("wl9", ""), "Down"},

@@ -100,6 +100,11 @@ TEST_F(LanEthernet, AddressIsTheDevicesAndCountersAreTheLayer3Devices) {
                {LAN(Stats_ErrorsReceived), router, "0"}});
 }
 
+TEST_F(LanEthernet, AnAddressIsCutToItsBuffer) {
+  const Source router = kLanUp && status("network.device", R"({"macaddr": ")" + std::string(120, 'a') + R"("})");
+  expect_gets({{LAN(MACAddress), router, std::string(99, 'a')}});
+}
+
 TEST_F(LanEthernet, WhatCannotBeReadHasAFallback) {
   for (const Source& router :
        {kLanUp && status("network.device", R"({"present": true})"),

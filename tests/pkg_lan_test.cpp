@@ -84,12 +84,19 @@ TEST_F(DhcpServer, ChangesRunTheVerifyScriptAndHeedItsVerdict) {
 }
 
 TEST_F(DhcpServer, LeaseTimeCountsMinutesOrHours) {
-  for (const auto& [stored, seconds] : {std::pair{"12h", "43200"}, {"120", "7200"}, {"h", "0"}, {"5 or h", "18000"}})
+  for (const auto& [stored, seconds] :
+       {std::pair{"12h", "43200"}, {"120", "7200"}, {"h", "0"}, {"5 or h", "18000"}, {"000000000000000000120", "7200"}})
     expect_gets({{LAN(DHCPLeaseTime), option("dhcp.lan.leasetime", stored), seconds}});
   expect_gets({{LAN(DHCPLeaseTime), option("dhcp.lan.leasetime", ""), kGetFailed, "FTGDLTE.\n\n"}});
 
-  for (const auto& [seconds, minutes] :
-       {std::pair{"-1", "35791394"}, {"words", "1"}, {"59", "1"}, {"120", "2"}, {"-59", "0"}, {"-120", "-2"}}) {
+  for (const auto& [seconds, minutes] : {std::pair{"-1", "35791394"},
+                                         {"words", "1"},
+                                         {"59", "1"},
+                                         {"60", "1"},
+                                         {"120", "2"},
+                                         {"4294967295", "35791394"},
+                                         {"-59", "0"},
+                                         {"-120", "-2"}}) {
     const std::string arguments = std::string("dhcps_leasetime \"") + minutes + "\"";
     expect_sets({{LAN(DHCPLeaseTime), seconds, accepted(), {verifies(arguments)}, verdict("1")}});
   }
@@ -110,6 +117,7 @@ TEST_F(DhcpServer, DnsServersAreTwoWithASpaceBetween) {
                {LAN(DNSServers), offered("", ""), " 0.0.0.0"},
                {LAN(DNSServers), offered(overlong, overlong + "2"), std::string(31, 's') + " 0.0.0.0"},
                {LAN(DNSServers), unset, "192.168.1.1 0.0.0.0"},
+               {LAN(DNSServers), unset && option("network.lan.ipaddr", overlong), overlong + " 0.0.0.0"},
                {LAN(DNSServers), unset && option("network.lan.ipaddr", ""), kGetFailed, "FTGLI.\n"}});
 }
 

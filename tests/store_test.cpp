@@ -1,12 +1,16 @@
 // The configuration store: main store, mirrors, state files, revert and factory profile.
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <array>
+#include <optional>
 #include <regex>
 #include <sstream>
 
 #include "support/device.hpp"
+#include "support/device_state.hpp"
 #include "support/mount.hpp"
 
 namespace kova::test {
@@ -20,6 +24,9 @@ struct Path {
   }
   std::string package, section, option;
 };
+
+// What every file system says of itself, where a test decides that.
+std::optional<struct statfs> file_system;
 
 class Store : public DeviceTest {
  protected:
@@ -108,12 +115,26 @@ TEST_F(Store, AFailingMainStoreWriteLeavesTheMirrorUntouched) {
       {"nopackage.a.b", "c", "uci_load err!\n"},
       {"cwmp.bad-section.b", "c", "uci set err:cwmp.bad-section 2 \n\n"},
       {"cwmp.info.bad-option", "c", "uci set err:cwmp.info.bad-option=c 5\n\n"},
+      {"cwmp.info.url", "a\x01z", "uci set err:cwmp.info.url=a\x01z 2\n\n"},
+      {"cwmp.info.url", "a\x1fz", "uci set err:cwmp.info.url=a\x1fz 2\n\n"},
       {"cwmp.info.url", nullptr, "invalid uci set arg.\n\n"}};
+  const DeviceState before;
   for (const auto& [path, value, log] : rows) {
     EXPECT_EQ(write(path, value), -1);
     EXPECT_TRUE(take_log().ends_with(std::string(log) + "FTSUC.\n\n")) << log;
   }
+  EXPECT_EQ(before.effects(), std::vector<std::string>{});
   EXPECT_NE(run("test -e /tmp/cwmp-config"), 0);
+}
+
+TEST_F(Store, AValueAndAPathMayBeLongAndHoldWhatTheStoreCan) {
+  const std::string section(600, 's');
+  for (const std::string& value :
+       {std::string("tab\tand\r\nlines"), std::string("\x7f\xc3\xa4"), std::string(5000, 'v')}) {
+    EXPECT_EQ(uci_raw_set_value("cwmp", section.c_str(), "url", value.c_str()), 0);
+    EXPECT_EQ(config("cwmp." + section + ".url"), value);
+    EXPECT_EQ(mirror("cwmp." + section + ".url"), value);
+  }
 }
 
 TEST_F(Store, ANameThatWouldNameSomethingElseIsRefused) {
@@ -163,6 +184,36 @@ TEST_F(Store, WhatHasNoRoomLeavesStoreAndMirrorAsTheyWere) {
     EXPECT_LE(largest, room);
     EXPECT_GE(largest, full == store ? room : room - 200);
   }
+}
+
+TEST_F(Store, OnAFullFileSystemWhatIsStoredAlreadyCanBeSet) {
+  for (const auto& [directory, full] : {std::pair{"/etc/config", "/etc/config"}, {"/tmp", "/tmp/cwmp-config"}}) {
+    const std::string factory = *contents("/etc/config/cwmp");
+    if (!mount_memory(directory, 32)) GTEST_SKIP() << "no file system can be mounted here";
+    write_file("/etc/config/cwmp", factory);
+    write_file("/tmp/cwmp_debug", "");
+    EXPECT_EQ(write("cwmp.info.url", "stored"), 0);
+    run(std::string("dd if=/dev/zero of=") + directory + "/full bs=1k 2>/dev/null");
+    const std::string before = *contents("/etc/config/cwmp");
+    EXPECT_EQ(write("cwmp.info.url", "stored"), 0);
+    EXPECT_EQ(write("cwmp.info.none", ""), 0);
+    EXPECT_EQ(write("cwmp.info.url", "another"), -1);
+    EXPECT_TRUE(take_log().ends_with(std::string("no room for ") + full + "\nFTSUC.\n\n"));
+    EXPECT_EQ(contents("/etc/config/cwmp"), before);
+    EXPECT_EQ(DeviceTest::mirror("cwmp.info.url"), "stored");
+    umount(directory);
+    write_file("/etc/config/cwmp", factory);
+  }
+}
+
+// An ordinary process may not use what a file system keeps for root; in the simulated router it is root.
+TEST_F(Store, RootUsesWhatIsKeptForIt) {
+  struct statfs kept = {};
+  kept.f_blocks = kept.f_bfree = 1000;
+  kept.f_frsize = 4096;
+  file_system = kept;
+  EXPECT_EQ(write("cwmp.info.url", "stored"), 0);
+  file_system.reset();
 }
 
 TEST_F(Store, AFailingMirrorWriteIsReportedAfterTheStoreWasCommitted) {
@@ -245,3 +296,9 @@ TEST_F(Store, ProfileValuesAreCutAndTerminatedOnePastTheUsualPlace) {
 
 }  // namespace
 }  // namespace kova::test
+
+int statfs(const char* path, struct statfs* status) noexcept {
+  if (!kova::test::file_system) return static_cast<int>(syscall(SYS_statfs, path, status));
+  *status = *kova::test::file_system;
+  return 0;
+}

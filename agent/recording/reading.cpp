@@ -27,7 +27,7 @@ std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& pref
   std::vector<Reading> readings;
   const auto visit = [&](const Parameter& parameter) {
     progress.show(std::to_string(readings.size() + 1) + " " + parameter.path);
-    const bool watched = secrets != nullptr && is_secret(parameter);
+    const bool watched = secrets != nullptr && is_secret(*parameter.row);
     readings.push_back({parameter, watched ? read_secret(agent, parameter, *secrets) : read(agent, parameter)});
   };
   for (const std::string& prefix : prefixes.empty() ? std::vector<std::string>{""} : prefixes) {

@@ -67,20 +67,34 @@ std::string link_to(const fs::path& file) {
   return "";
 }
 
-// Has the command run, and notes what that changed.
+// A file of the machine's as it was, or not at all; whole at any time.
+void put_back(const fs::path& changed, const std::optional<std::string>& text) {
+  const fs::path path = fs::weakly_canonical(changed);
+  if (!text) {
+    fs::remove(path);
+    return;
+  }
+  const fs::path beside = path.string() + ".kovadm";
+  seam::write_file(beside, *text);
+  if (fs::exists(path)) fs::permissions(beside, fs::status(path).permissions());
+  fs::rename(beside, path);
+}
+
+// Has the command run, and notes what that changed; puts it back, if that is only tried.
 template <typename Run>
-CommandAnswer watch(Run run) {
-  const seam::Texts before = seam::kept_files(seam::machine());
+CommandAnswer watch(RecordedPlatform::Source source, Run run) {
+  const seam::Texts start = seam::kept_files(seam::machine());
   CommandAnswer answer;
   run(answer);
-  for (const auto& [path, ignored, after] : seam::differences(before, seam::kept_files(seam::machine()))) {
+  for (const auto& [path, before, after] : seam::differences(start, seam::kept_files(seam::machine()))) {
     if (link_to(path).empty()) answer.changed[path] = after;
+    if (source == RecordedPlatform::Source::TRIAL) put_back(path, before);
   }
   return answer;
 }
 
-CommandAnswer ask_for_output(const std::string& command) {
-  return watch([&](CommandAnswer& answer) {
+CommandAnswer ask_for_output(RecordedPlatform::Source source, const std::string& command) {
+  return watch(source, [&](CommandAnswer& answer) {
     FILE* pipe = seam::machine().popen(command.c_str(), "re");
     if (pipe == nullptr) {
       answer.status = -1;
@@ -91,8 +105,8 @@ CommandAnswer ask_for_output(const std::string& command) {
   });
 }
 
-CommandAnswer ask_to_run(const std::string& command) {
-  return watch([&](CommandAnswer& answer) {
+CommandAnswer ask_to_run(RecordedPlatform::Source source, const std::string& command) {
+  return watch(source, [&](CommandAnswer& answer) {
     seam::CaughtOutput output({STDOUT_FILENO});
     answer.status = exit_status(seam::machine().system(command.c_str()));
     answer.output = output.take();
@@ -142,7 +156,7 @@ BusAnswer invoke_method(const std::string& object, const char* method, blob_attr
 
 RecordedPlatform::RecordedPlatform(Recording& recording, Source source, std::function<void(const std::string&)> missing)
     : Placed(path()), recording_(recording), source_(source), missing_(std::move(missing)) {
-  if (source_ == Source::MACHINE) read_directories();
+  if (source_ != Source::RECORDING) read_directories();
   write_files();
 }
 
@@ -170,18 +184,19 @@ void RecordedPlatform::write_files() const {
 
 // The machine's part in a recording; else tells that it has no answer.
 bool RecordedPlatform::asks_machine(const std::string& what) const {
-  if (source_ == Source::MACHINE) return true;
+  if (source_ != Source::RECORDING) return true;
   if (missing_) missing_(what);
   return false;
 }
 
 // ---- Commands ----
 
-const CommandAnswer* RecordedPlatform::answer(const std::string& command, CommandAnswer (*ask)(const std::string&)) {
+const CommandAnswer* RecordedPlatform::answer(const std::string& command,
+                                              CommandAnswer (*ask)(Source, const std::string&)) {
   auto found = recording_.commands.find(command);
   if (found == recording_.commands.end()) {
     if (!asks_machine("command " + command)) return nullptr;
-    found = recording_.commands.emplace(command, ask(command)).first;
+    found = recording_.commands.emplace(command, ask(source_, command)).first;
   }
   apply(found->second);
   return &found->second;
@@ -215,6 +230,7 @@ int RecordedPlatform::pclose(FILE* pipe) {
 }
 
 int RecordedPlatform::system(const char* command) {
+  if (source_ == Source::TRIAL) return 0;
   const CommandAnswer* answered = answer(command, ask_to_run);
   if (answered == nullptr) return -1;
   std::fflush(nullptr);
@@ -261,11 +277,11 @@ int RecordedPlatform::access(const char* path, int mode) {
 
 // A recording has all the room of the world, not that of another machine's disk.
 int RecordedPlatform::statfs(const char* path, struct statfs* status) {
-  return source_ == Source::MACHINE ? seam::machine().statfs(path, status) : not_there();
+  return source_ != Source::RECORDING ? seam::machine().statfs(path, status) : not_there();
 }
 
 void RecordedPlatform::vsyslog(int priority, const char* format, va_list arguments) {
-  if (source_ == Source::MACHINE) Platform::vsyslog(priority, format, arguments);
+  if (source_ != Source::RECORDING) Platform::vsyslog(priority, format, arguments);
 }
 
 // ---- Bus ----

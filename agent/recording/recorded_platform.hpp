@@ -15,8 +15,9 @@ namespace kovadm {
 class RecordedPlatform final : private seam::WorkDirectory, public seam::Placed {
  public:
   // What the recording has no answer for: the machine is asked, and its answer added; every question has one answer
-  // for the whole of a recording.
-  enum class Source { MACHINE, RECORDING };
+  // for the whole of a recording. A trial asks the machine too, but has only those commands run whose output is read,
+  // and puts back what they change of the kept files; all others succeed.
+  enum class Source { MACHINE, TRIAL, RECORDING };
 
   // With Source::RECORDING what has no answer counts as failing, and `missing` is told what that is.
   RecordedPlatform(Recording& recording, Source source, std::function<void(const std::string&)> missing = {});
@@ -41,7 +42,8 @@ class RecordedPlatform final : private seam::WorkDirectory, public seam::Placed 
                      void* context, int timeout, int file) override;
 
  private:
-  const CommandAnswer* answer(const std::string& command, CommandAnswer (*ask)(const std::string& command));
+  const CommandAnswer* answer(const std::string& command,
+                              CommandAnswer (*ask)(Source source, const std::string& command));
   const BusAnswer* bus_answer(const std::string& call, const std::function<BusAnswer()>& ask);
   void read_directories();
   void write_files() const;

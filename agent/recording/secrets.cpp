@@ -1,7 +1,6 @@
 #include "recording/secrets.hpp"
 
 #include <algorithm>
-#include <regex>
 
 #include "recording/uci_text.hpp"
 #include "seam/paths.hpp"
@@ -13,15 +12,6 @@ using Json = nlohmann::ordered_json;
 
 // Shorter ones are words that stand for something else, too.
 constexpr std::size_t kTellingLength = 8;
-
-// What options and fields are called that hold secrets.
-bool is_secret_name(const std::string& name) {
-  static const std::regex names(
-      "passw(or)?d|passphrase|secret|psk|pwd|token|private|credential|"
-      "^(wep|wpa|wpa2|sae|auth)?_?key_?[0-9]*$|^(sim|wps|ap)?_?(pin|puk)_?(code)?[0-9]*$",
-      std::regex::icase);
-  return std::regex_search(name, names);
-}
 
 // "/etc/config/network" is "network", as paths of options have it.
 std::string package_of(const std::string& file) {
@@ -46,11 +36,6 @@ bool replace_all(std::string& text, const std::string& value) {
 }
 
 }  // namespace
-
-bool is_secret(const Parameter& parameter) {
-  static const std::regex names("(Password|Passphrase|PreSharedKey|WEPKey|PIN|PUK|Secret)$");
-  return parameter.row->type == Type::SECRET || std::regex_search(parameter.path, names);
-}
 
 void Secrets::note(const seam::Trace& trace, const std::string& value) {
   if (value.empty()) return;

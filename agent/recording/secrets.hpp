@@ -7,16 +7,13 @@
 #include <utility>
 #include <vector>
 
-#include "data_model.hpp"
+#include "catalogue.hpp"
 #include "recording/recording.hpp"
 #include "seam/trace.hpp"
 
 namespace kovadm {
 
 inline constexpr char kSecretMark[] = "(secret)";
-
-// Whether the parameter is a secret: by its type, or its name.
-bool is_secret(const Parameter& parameter);
 
 class Secrets {
  public:

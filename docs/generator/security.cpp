@@ -2,6 +2,8 @@
 #include <cctype>
 #include <functional>
 #include <map>
+#include <regex>
+#include <set>
 #include <tuple>
 
 #include "documents.hpp"
@@ -80,12 +82,20 @@ std::size_t find_value(const std::string& lines, const std::string& value) {
   return in_word ? std::string::npos : position;
 }
 
+// A command line without what tells a table's rows apart.
+std::string of_any_row(const std::string& line) {
+  static const std::regex section(R"(uci set (firewall|network)\.[^.]+\.)");
+  static const std::regex user(R"(cwmp-user \S+)");
+  return std::regex_replace(std::regex_replace(line, section, "uci set $1.*."), user, "cwmp-user *");
+}
+
 // The command line that the value got into; nothing when it got into none.
 std::optional<Way> way_into(const Commands& commands, const std::string& value) {
   for (const bool recorded : {false, true}) {
     std::string lines = lines_of(recorded ? commands.recorded : commands.run);
     const std::size_t position = find_value(lines, value);
-    if (position != std::string::npos) return Way{lines.replace(position, value.size(), "VALUE"), recorded, ""};
+    if (position != std::string::npos)
+      return Way{of_any_row(lines.replace(position, value.size(), "VALUE")), recorded, ""};
   }
   return std::nullopt;
 }
@@ -108,20 +118,26 @@ std::string characters_through(Agent& agent, const Parameter& parameter, const s
 bool tells_itself_apart(const std::string& text) { return text.size() > 2; }
 
 // The way that the first text takes which takes one. Whoever accepts a text without a command has none for others.
-std::optional<Way> way_of(Agent& agent, const Row& row) {
-  for (const int number : {1, 2}) {
-    const Parameter parameter = at_instance(row, number);
-    for (const std::string& text : accepted_texts()) {
-      if (!tells_itself_apart(text)) continue;
-      const Commands commands = set(agent, parameter, text);
-      if (auto way = way_into(commands, text)) {
-        way->through = characters_through(agent, parameter, text);
-        return way;
-      }
-      if (commands.accepted) return std::nullopt;
+std::optional<Way> way_of(Agent& agent, const Parameter& parameter) {
+  for (const std::string& text : accepted_texts()) {
+    if (!tells_itself_apart(text)) continue;
+    const Commands commands = set(agent, parameter, text);
+    if (auto way = way_into(commands, text)) {
+      way->through = characters_through(agent, parameter, text);
+      return way;
     }
+    if (commands.accepted) return std::nullopt;
   }
   return std::nullopt;
+}
+
+// The ways of a table's first rows, which may differ.
+std::set<Way> ways_of(Agent& agent, const Row& row) {
+  std::set<Way> ways;
+  for (const int number : {1, 2}) {
+    if (const auto way = way_of(agent, at_instance(row, number))) ways.insert(*way);
+  }
+  return ways;
 }
 
 std::string characters_cell(const std::string& through) {
@@ -205,12 +221,9 @@ void write_security(std::ostream& out) {
   for (const Row& row : catalogue()) {
     if (row.access == Access::READ_ONLY) continue;
     reset_router();
-    if (const auto way = way_of(agent, row)) {
-      auto& paths = ways[*way];
-      paths.insert(paths.end(), row.paths.begin(), row.paths.end());
-    } else {
-      without += row.paths.size();
-    }
+    const std::set<Way> its_ways = ways_of(agent, row);
+    for (const Way& way : its_ways) ways[way].insert(ways[way].end(), row.paths.begin(), row.paths.end());
+    if (its_ways.empty()) without += row.paths.size();
   }
   out << kStart;
   write_ways(out, "Bare: a blank ends it, and everything in it is the shell's", ways,

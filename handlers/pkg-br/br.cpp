@@ -10,7 +10,7 @@ bool located(const Call& call, std::size_t position) {
 }
 
 bool store_iptv(Call& call, const char* option, const char* value) {
-  return store_option(call, iptv, option, value, 0, kNotStored);
+  return store_option(call, iptv, option, value, 0, " uci set error\n\n");
 }
 
 }  // namespace kova

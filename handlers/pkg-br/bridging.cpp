@@ -1,7 +1,11 @@
 // Bridging: the router's bridges and their ports, as the live system has them.
 #include <string.h>
 
+#include <algorithm>
+#include <string_view>
+
 #include "br.hpp"
+#include "bus.hpp"
 #include "command.hpp"
 #include "link.hpp"
 #include "pkg-br.h"
@@ -19,76 +23,83 @@ bool number_of_bridges(Call& call) {
 
 constexpr std::size_t kBridge = 0;
 
-using Device = Text<16>;
-using Members = Text<1024>;  // names of devices, joined with ","
+using Bridge = Text<16>;
 
-// The bridge that the call is about; empty when there are fewer.
-Device bridge_of(const Call& call) {
-  Text<64> command;
-  command.print("ifconfig | grep 'br-' | sed -n '%dp' | awk '{print$1}'", call.instance(kBridge));
-  return logged_first_line<Device::capacity()>(command.c_str());
+// The name of the bridge that the call is about; empty when there are fewer.
+Bridge bridge_of(const Call& call) {
+  const CommandLine command("ifconfig | grep 'br-' | sed -n '%dp' | awk '{print$1}'", call.instance(kBridge));
+  return logged_first_line<Bridge::capacity()>(command);
 }
 
-Members members_of(const Device& bridge) {
-  return device_status<Members::capacity()>(bridge.c_str(), DEVICE_BRIDGE_MEMBERS);
+// Hands the name and number of each port to `take`, in the order of the bus. A member's name is split at commas. False
+// when the bus has no answer.
+template <typename Take>
+bool for_each_port(const Bridge& bridge, Take take) {
+  int32_t number = 0;
+  return for_each_bridge_member(bridge.c_str(), [&](std::string_view member) {
+    while (!member.empty()) {
+      const std::string_view name = up_to(',', member);
+      member.remove_prefix(std::min(name.size() + 1, member.size()));
+      if (!name.empty()) take(name, ++number);
+    }
+  });
 }
 
 bool number_of_ports(Call& call) {
   if (!located(call, kBridge)) return false;
-  Members members = members_of(bridge_of(call));
-  int count = 0;
-  char* rest = nullptr;
-  for (const char* name = strtok_r(members.data(), ",", &rest); name != nullptr; name = strtok_r(nullptr, ",", &rest))
-    ++count;
-  return call.reply_number(count);
+  const Bridge bridge = bridge_of(call);
+  int32_t count = 0;
+  const bool counted =
+      !bridge.empty() && for_each_port(bridge, [&](std::string_view, int32_t number) { count = number; });
+  return call.reply_number(counted ? count : 0);
 }
 
 // ---- One of its ports ----
 
 constexpr std::size_t kPort = 1;
 
-// The port that the call is about; nullptr when there are fewer. The list is split.
-const char* port_of(const Call& call, Members& members) {
-  int32_t number = 0;
-  char* rest = nullptr;
-  for (const char* name = strtok_r(members.data(), ",", &rest); name != nullptr; name = strtok_r(nullptr, ",", &rest)) {
-    if (++number == call.instance(kPort)) return name;
-  }
-  return nullptr;
+// A port's name. The kernel's have at most 15 characters; whatever the bus says, a reply stays below 4 KiB.
+using Port = Text<4096>;
+
+// The port that the call is about; empty when there are fewer.
+Port port_of(const Call& call, const Bridge& bridge) {
+  Port port;
+  const bool answered = for_each_port(bridge, [&](std::string_view name, int32_t number) {
+    if (number == call.instance(kPort)) port = name;
+  });
+  if (!answered) port = "";
+  return port;
 }
 
-// Lets `answer` reply for the port. Without the bridge the reply is another one, or none for nullptr; without the port
-// the output stays as it is.
+// Lets `answer` reply for the port. Without the bridge the reply is `without_bridge`, or none when that is nullptr.
+// Without the port the output stays as it is.
 template <typename Answer>
 bool reply_for_port(Call& call, const char* without_bridge, const Answer& answer) {
   if (!located(call, kBridge) || !located(call, kPort)) return false;
-  const Device bridge = bridge_of(call);
+  const Bridge bridge = bridge_of(call);
   if (bridge.empty()) return without_bridge == nullptr || call.reply(without_bridge);
-  Members members = members_of(bridge);
-  const char* port = port_of(call, members);
-  return port == nullptr || answer(call, port);
+  const Port port = port_of(call, bridge);
+  return port.empty() || answer(call, port.c_str());
 }
 
 bool reply_name(Call& call, const char* port) { return call.reply(port); }
 
 bool reply_status(Call& call, const char* port) {
-  Text<Members::capacity() + 64> command;
-  command.print(kUpCommand, port);
-  return call.reply(is_up(logged_first_line<100>(command.c_str()).c_str()) ? "Up" : "Down");
+  const Text<100> line = logged_first_line<100>(CommandLine(kUpCommand, port));
+  return call.reply(is_up(line.c_str()) ? "Up" : "Down");
 }
 
-// The number of the Wi-Fi network that has this interface; -1 when none has.
+// The number of the Wi-Fi network whose interface has this name; -1 when there is none.
 int wifi_ifname_to_ssidNum(const char* ifname) {
   int number = 0;
   for (const char* network : {"wlan00", "wlan10", "wlan02", "wlan12"}) {
     ++number;
-    Text<128> own;
-    if (read_option({"wireless", network}, "ifname", own.span()) && own == ifname) return number;
+    if (Option({"wireless", network}, "ifname") == ifname) return number;
   }
   return -1;
 }
 
-// All Ethernet ports are the LAN's one interface.
+// Every Ethernet port refers to the LAN's one interface.
 bool reply_lower_layers(Call& call, const char* port) {
   if (strstr(port, "eth") != nullptr) return call.reply("Ethernet.Interface.2");
   const int network = wifi_ifname_to_ssidNum(port);

@@ -1,5 +1,5 @@
-// X_KOVA_IPTV: the VLANs of the internet, IPTV and telephony services, and which of them each LAN port has.
-#include <string.h>
+// X_KOVA_IPTV: the VLANs of the internet, IPTV and telephony services, and the service of each LAN port.
+#include <strings.h>
 
 #include "br.hpp"
 #include "command.hpp"
@@ -10,33 +10,28 @@ namespace {
 
 using namespace kova;
 
-bool is_text(const char* text, const char* wanted) { return strcasecmp(text, wanted) == 0; }
+bool in_any_case(const char* text, const char* wanted) { return strcasecmp(text, wanted) == 0; }
 
 // ---- The service VLANs ----
 
-bool reply_is_one(Call& call, const char* option) { return call.reply(option_is(iptv, option, "1") ? "1" : "0"); }
+bool reply_is_one(Call& call, const char* option) { return call.reply(Option(iptv, option) == "1" ? "1" : "0"); }
 
 bool set_enabled(Call& call) {
-  if (!call.value_is("0") && !call.value_is("1")) {
-    LOG("Invalid param\n");
-    return false;
-  }
+  if (!call.value_is("0") && !call.value_is("1")) return call.refuse("Invalid param\n");
   if (!VerifyCommand(kVerifyQuoted, "iptv_vlan_enable", call.value()).run_unjudged()) return false;
   return call.mark(APPLY_ROUTES);
 }
 
 bool set_mode(Call& call) {
-  if (is_text(call.value(), "custom") || is_text(call.value(), "bridge")) return store_iptv(call, "mode", call.value());
-  LOG("Unknown mode\n");
-  return false;
+  const bool known = in_any_case(call.value(), "custom") || in_any_case(call.value(), "bridge");
+  return known ? store_iptv(call, "mode", call.value()) : call.refuse("Unknown mode\n");
 }
 
-// Untagged is an empty text.
+// Untagged is stored as an empty text.
 bool set_internet_tag(Call& call) {
   if (call.value_is("0")) return store_iptv(call, "inet_tag", "");
   if (call.value_is("1")) return store_iptv(call, "inet_tag", "1");
-  LOG(" Unknown tag mode.\n");
-  return false;
+  return call.refuse(" Unknown tag mode.\n");
 }
 
 bool store_fitting(Call& call, const char* option, bool (*fits)(const char*)) {
@@ -59,37 +54,48 @@ constexpr auto store_priority(const char* option) {
 
 constexpr std::size_t kPort = 0;
 
+constexpr Section info{"cwmp", "info"};
+
 bool number_of_ports(Call& call) {
-  static constexpr Section info{"cwmp", "info"};
-  Text<32> number;
-  if (!read_option(info, "lanport_num", number.span())) return call.reply("4");
-  if (leading_number(number.c_str()) <= 0) return false;
-  return reply_option(call, info, "lanport_num", "4");
+  const Option number(info, "lanport_num");
+  if (!number) return call.reply("4");
+  return leading_number(number.text()) > 0 && call.reply(number.text());
+}
+
+bool has_port(int32_t port) {
+  const Option number(info, "lanport_num");
+  return port > 0 && port <= (number ? leading_number(number.text()) : 4);
+}
+
+// What the verify script has found; empty for a port that the device does not have, which no command is run for.
+Text<100> service_of(int32_t port) {
+  if (!has_port(port)) return {};
+  VerifyCommand("%s %s ", "iptv_type_LAN_read").run_unjudged();
+  Text<512> command;
+  command.print("cat /tmp/laninfo |  awk '{print $%lld}'", 2LL * port);
+  return logged_first_line<100>(command.c_str());
 }
 
 bool port_service(Call& call) {
   if (!located(call, kPort)) return false;
-  VerifyCommand("%s %s ", "iptv_type_LAN_read").run_unjudged();
-  const long long port = call.instance(kPort);
-  Text<512> command;
-  command.print("cat /tmp/laninfo |  awk '{print $%lld}'", 2 * port);
-  const Text<100> service = logged_first_line<100>(command.c_str());
-  if (service.empty()) LOG("GILTF %lld.\n", port + 1);
-  return reply_or(call, is_text(service.c_str(), "inet") ? "Internet" : service.c_str(), "UNKOWN");
+  const int32_t port = call.instance(kPort);
+  const Text<100> service = service_of(port);
+  if (service.empty()) LOG("GILTF %lld.\n", port + 1LL);
+  return reply_or(call, in_any_case(service.c_str(), "inet") ? "Internet" : service.c_str(), "UNKOWN");
 }
 
-// What the verify script calls a service; telephony is one with IPTV while the services are bridged. nullptr when there
-// is no such service, or no mode to judge by.
+// The verify script's name for a service. Telephony has that of IPTV while the services are bridged. nullptr when there
+// is no such service, or the mode cannot be read.
 const char* service_type(const char* service) {
-  if (is_text(service, "Internet")) return "inet";
-  if (is_text(service, "iptv")) return "iptv";
-  if (!is_text(service, "voip")) {
+  if (in_any_case(service, "Internet")) return "inet";
+  if (in_any_case(service, "iptv")) return "iptv";
+  if (!in_any_case(service, "voip")) {
     LOG("FTSIVT.\n");
     return nullptr;
   }
-  Text<8> mode;
-  if (!read_option(iptv, "mode", mode.span())) return nullptr;
-  return is_text(mode.c_str(), "bridge") ? "iptv" : "voip";
+  const Option mode(iptv, "mode");
+  if (!mode) return nullptr;
+  return in_any_case(mode.text(), "bridge") ? "iptv" : "voip";
 }
 
 bool set_port_service(Call& call) {

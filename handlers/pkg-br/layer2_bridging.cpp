@@ -1,4 +1,4 @@
-// Layer2Bridging: the VLAN of the internet service as TR-098 has it. What is read and what is written differ on
+// Layer2Bridging: the VLAN of the internet service as TR-098 has it. A parameter's get and set use different options on
 // purpose.
 #include "br.hpp"
 #include "pkg-br.h"
@@ -7,35 +7,31 @@ namespace {
 
 using namespace kova;
 
-using Tag = Text<64>;
+// Whether an option has no VLAN ID: it cannot be read, or is "0".
+bool has_no_id(const Option& option) { return !option || option == "0"; }
 
-// Reads what an option holds. False when there is nothing in it: it cannot be read, or is "0".
-bool read_tag(const char* option, Tag& tag) { return read_option(iptv, option, tag.span()) && !(tag == "0"); }
-
-// Fills an option that has nothing in it.
+// Gives an option that has no ID its default.
 void seed(const char* option, const char* value) {
-  Tag tag;
-  if (!read_tag(option, tag)) write_option(iptv, option, value);
+  if (has_no_id(Option(iptv, option))) write_option(iptv, option, value);
 }
 
-// The same, and has the option make way when it holds the ID that was set.
-void keep_apart(const char* option, const char* id, const char* value, const char* other_value) {
-  Tag tag;
-  if (!read_tag(option, tag)) {
+// The same. An option that has the ID that was set gets another one.
+void keep_apart(const char* option, const char* set_id, const char* value, const char* other_value) {
+  const Option stored(iptv, option);
+  if (has_no_id(stored)) {
     write_option(iptv, option, value);
-  } else if (tag == Tag(id).view()) {
+  } else if (stored == set_id) {
     write_option(iptv, option, other_value);
   }
 }
 
 bool vlan_enabled(Call& call) {
-  Tag tag;
-  if (read_option(iptv, "inet_tag", tag.span())) return call.reply(tag == "1" ? "1" : "0");
-  LOG(" uci get error\n\n");
-  return false;
+  const Option tag(iptv, "inet_tag");
+  if (!tag) return call.refuse(" uci get error\n\n");
+  return call.reply(tag == "1" ? "1" : "0");
 }
 
-// ---- Setters. The mode is written before the value is judged, and stays when that is refused. ----
+// ---- Setters: the mode is written before the value is checked, and stays when the value is refused ----
 
 bool set_vlan_enabled(Call& call) {
   if (!store_iptv(call, "mode", "custom")) return false;
@@ -45,7 +41,8 @@ bool set_vlan_enabled(Call& call) {
   return call.mark(APPLY_VLAN);
 }
 
-// The ID goes to the IPTV service, which then makes way for it itself: it ends with "31".
+// The ID is written to the IPTV service, which then gets another one because it has the ID that was set: a set that
+// succeeds leaves "31" there.
 bool set_vlan_id(Call& call) {
   static constexpr LogMessage kIdNotStored = "uci set error.\n";
   if (!write_option(iptv, "mode", "custom")) return call.refuse(kIdNotStored);
@@ -56,7 +53,7 @@ bool set_vlan_id(Call& call) {
   return call.mark(APPLY_VLAN);
 }
 
-// A priority that cannot be stored does not keep the IDs from being seeded.
+// The IDs are seeded also when the priority cannot be stored.
 bool set_vlan_priority(Call& call) {
   if (!store_iptv(call, "mode", "Custom")) return false;
   if (!is_priority(call.value())) return false;

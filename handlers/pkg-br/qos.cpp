@@ -2,7 +2,6 @@
 #include "command.hpp"
 #include "parameter.hpp"
 #include "pkg-br.h"
-#include "text.hpp"
 
 namespace {
 
@@ -11,12 +10,12 @@ using namespace kova;
 constexpr Section qos{"qos", "wan"};
 
 bool enabled(Call& call) {
-  Text<4> value;
-  const bool off = !read_option(qos, "enabled", value.span()) || value == "0";
-  return call.reply(off ? "0" : "1");
+  const Option stored(qos, "enabled");
+  return call.reply(!stored || stored == "0" ? "0" : "1");
 }
 
-// Places the value in a command line as it is, and runs that. What the program makes of it does not count.
+// Runs a program with the value, which is placed in the command line as it is. The program's exit status does not
+// count.
 bool run_with_value(Call& call, const char* form, LogMessage failure) {
   if (CommandLine(form, call.value()).run_for_status() == -1) return call.refuse(failure);
   return call.mark(APPLY_QOS);

@@ -1,5 +1,5 @@
 // UPnP: on or off.
-#include "br.hpp"
+#include "parameter.hpp"
 #include "pkg-br.h"
 
 namespace {
@@ -12,10 +12,8 @@ bool set_enabled(Call& call) {
   const bool on = call.value_is("1");
   if (!on && !call.value_is("0")) return false;
   if (!write_option(upnpd, "enabled", call.value())) return false;
-  if (record_task_cmd(on ? "/etc/init.d/miniupnpd restart" : "/etc/init.d/miniupnpd stop") == 0)
-    return call.mark(APPLY_TASK_COMMANDS);
-  LOG("FTSUPED.\n");
-  return false;
+  const char* command = on ? "/etc/init.d/miniupnpd restart" : "/etc/init.d/miniupnpd stop";
+  return record_task_cmd(command) == 0 ? call.mark(APPLY_TASK_COMMANDS) : call.refuse("FTSUPED.\n");
 }
 
 }  // namespace

@@ -16,10 +16,7 @@ constexpr int kOuiDigits = 6;
 
 bool manufacturer_oui(Call& call) {
   Text<100> mac;
-  if (!first_line("bdinfo mac", mac.span())) {
-    LOG("FTGM.\n");
-    return false;
-  }
+  if (!first_line("bdinfo mac", mac.span())) return call.refuse("FTGM.\n");
   Text<kOuiDigits + 1> oui;
   copy_mac_digits(mac.c_str(), oui.data(), kOuiDigits);
   return call.reply(oui.c_str());

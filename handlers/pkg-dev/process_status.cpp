@@ -12,10 +12,8 @@ using namespace kova;
 
 bool cpu_usage(Call& call) {
   Text<100> line;
-  if (!first_line("top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'", line.span())) {
-    LOG("FTGCU.\n");
-    return false;
-  }
+  if (!first_line("top -n1 | grep idle | grep irq | awk '{print $8}' | sed 's/%//g'", line.span()))
+    return call.refuse("FTGCU.\n");
   int idle = 0;
   if (sscanf(line.c_str(), "%d", &idle) != 1) idle = 95;
   return call.reply_number(100 - idle);

@@ -10,9 +10,8 @@ using namespace kova;
 constexpr Section remoteweb{"filter", "remoteweb"};
 
 bool enabled(Call& call) {
-  Text<8> stored;
-  const bool off = !read_option(remoteweb, "enabled", stored.span()) || stored == "0";
-  return call.reply(off ? "0" : "1");
+  const Option stored(remoteweb, "enabled");
+  return call.reply(!stored || stored == "0" ? "0" : "1");
 }
 
 // Switched off, the option goes away: an empty value removes it.

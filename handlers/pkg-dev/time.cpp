@@ -30,16 +30,15 @@ bool time_zone(Call& call) {
   return reply_line(call, "cat /tmp/tr069/curtimezone");
 }
 
-bool set_time_zone(Call& call) { return CommandLine("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()).run(); }
+bool set_time_zone(Call& call) {
+  return CommandLine("/usr/bin/tr069/cwmp-ntp timezoneinfo set %s", call.value()).run();
+}
 
 // Every zone is followed by ", ", the last one too.
 bool time_zones(Call& call) {
   cwmp_system("/usr/bin/tr069/cwmp-ntp timezonelist");
   File list("/tmp/tr069/timezonelist", "r");
-  if (!list) {
-    LOG("read timezonelist error.\n");
-    return false;
-  }
+  if (!list) return call.refuse("read timezonelist error.\n");
   char* end = call.output();
   *end = '\0';
   for (Text<256> line; list.read_line(line.span());) {
@@ -60,27 +59,24 @@ const char* list_element(uci_option* list, int position) {
   return nullptr;
 }
 
-bool get_NTPtimeserver(int position, char* output) {
-  const WalkedPackage system("system", HERE, "[ERR]uci failed to load config:system\n");
-  if (!system) return false;
+// The name of the server at `position`, in the first list that is long enough; nullptr when there is none.
+const char* get_NTPtimeserver(const WalkedPackage& system, int position) {
   for (uci_section* timeserver : system.sections("timeserver")) {
     uci_option* servers = system.option(timeserver, "server");
     if (servers == nullptr) {
       LOG("[ERR]uci failed to get server option\n");
-      return false;
+      return nullptr;
     }
     const char* name = servers->type == UCI_TYPE_LIST ? list_element(servers, position) : nullptr;
-    if (name == nullptr) continue;
-    strcpy(output, name);
-    return true;
+    if (name != nullptr) return name;
   }
-  return false;
+  return nullptr;
 }
 
 bool reply_ntp_server(Call& call, int position) {
-  call.reply("");
-  get_NTPtimeserver(position, call.output());
-  return true;
+  const WalkedPackage system("system", HERE, "[ERR]uci failed to load config:system\n");
+  const char* name = system ? get_NTPtimeserver(system, position) : nullptr;
+  return call.reply(name != nullptr ? name : "");
 }
 
 constexpr auto ntp_server(int position) {

@@ -10,60 +10,60 @@ namespace {
 
 using namespace kova;
 
-constexpr LogMessage kNoAccounts = "[ERR]uci failed to load config:rpcd\n";
+// The accounts as one look at the package shows them.
+class Accounts {
+ public:
+  explicit operator bool() const { return static_cast<bool>(rpcd_); }
 
-// The account's user name where it is one to show, else nullptr.
-const char* shown_name(const WalkedPackage& accounts, uci_section* login) {
-  const char* name = accounts.string(login, "username");
-  return name != nullptr && strcmp(name, "root") != 0 ? name : nullptr;
-}
+  int32_t count() const {
+    int32_t count = 0;
+    while (nth(count + 1) != nullptr) ++count;
+    return count;
+  }
+
+  // The name of the user with this number, counted from 1; nullptr when there is none.
+  const char* nth(int32_t number) const {
+    for (uci_section* login : rpcd_.sections("login")) {
+      const char* name = rpcd_.string(login, "username");
+      if (name != nullptr && strcmp(name, "root") != 0 && --number == 0) return name;
+    }
+    return nullptr;
+  }
+
+ private:
+  const WalkedPackage rpcd_{"rpcd", HERE, "[ERR]uci failed to load config:rpcd\n"};
+};
 
 bool number_of_users(Call& call) {
-  const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
-  if (!accounts) return false;
-  int count = 0;
-  for (uci_section* login : accounts.sections("login")) count += shown_name(accounts, login) != nullptr ? 1 : 0;
-  return call.reply_number(count);
-}
-
-// The name of the user with this number, counted from 1; nullptr when there is none.
-const char* nth_user(const WalkedPackage& accounts, int32_t number) {
-  int32_t count = 0;
-  for (uci_section* login : accounts.sections("login")) {
-    const char* name = shown_name(accounts, login);
-    if (name != nullptr && ++count == number) return name;
-  }
-  return nullptr;
-}
-
-// What `action` does with the name of the user that the call's row is; false when there is none.
-bool for_user(Call& call, bool (*action)(Call& call, const char* name)) {
-  if (call.instance(0) == 0) {
-    LOG("LE\n");
-    return false;
-  }
-  const WalkedPackage accounts("rpcd", HERE, kNoAccounts);
-  if (!accounts) return false;
-  const char* name = nth_user(accounts, call.instance(0));
-  return name != nullptr && action(call, name);
+  const Accounts accounts;
+  return accounts && call.reply_number(accounts.count());
 }
 
 bool username(Call& call) {
-  return for_user(call, [](Call& row, const char* name) { return row.reply(name); });
+  if (call.instance(0) == 0) return call.refuse("LE\n");
+  const Accounts accounts;
+  const char* name = accounts ? accounts.nth(call.instance(0)) : nullptr;
+  return name != nullptr && call.reply(name);
 }
 
-// Name and password reach the script as words of its command line, unquoted.
-bool run_password_script(Call& call, const char* name) {
+// The script's command line, of at most 510 characters, in which name and password are words, unquoted. Empty when
+// there is no such user.
+Text<511> password_command(const Call& call) {
   Text<511> command;
-  command.print("/usr/bin/tr069/cwmp-user %s %s", name, call.value());
-  cwmp_system(command.c_str());
-  return true;
+  const Accounts accounts;
+  const char* name = accounts ? accounts.nth(call.instance(0)) : nullptr;
+  if (name != nullptr) command.print("/usr/bin/tr069/cwmp-user %s %s", name, call.value());
+  return command;
 }
 
 bool set_password(Call& call) {
   const size_t length = strlen(call.value());
   if (length < 8 || length > 64) return false;
-  return for_user(call, run_password_script);
+  if (call.instance(0) == 0) return call.refuse("LE\n");
+  const Text<511> command = password_command(call);
+  if (command.empty()) return false;
+  cwmp_system(command.c_str());
+  return true;
 }
 
 }  // namespace

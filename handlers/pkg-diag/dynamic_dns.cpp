@@ -2,7 +2,6 @@
 #include "command.hpp"
 #include "parameter.hpp"
 #include "pkg-diag.h"
-#include "text.hpp"
 
 namespace {
 
@@ -11,29 +10,28 @@ using namespace kova;
 constexpr Section dyndns{"ddns", "dyndns"};
 constexpr Section noip{"ddns", "noip"};
 
-// The store's words for "1" and "0".
+// An option that is on or off, and the store's words for these.
 struct Switch {
   const char* option;
   const char* on;
   const char* off;
 };
-constexpr Switch kEnabled{"enabled", "on", "off"};
-constexpr Switch kWanBind{"wan_bind", "enable", "disable"};
+constexpr Switch kEnabled{.option = "enabled", .on = "on", .off = "off"};
+constexpr Switch kWanBind{.option = "wan_bind", .on = "enable", .off = "disable"};
 
-// Every stored text but the word for off is on; without the option it is off.
-bool reply_switch(Call& call, Section provider, const Switch& option) {
-  Text<16> stored;
-  const bool off = !read_option(provider, option.option, stored.span()) || stored == option.off;
-  return call.reply(off ? "0" : "1");
+// Every stored text but the word for off is on. Without the option it is off.
+bool reply_switch(Call& call, Section provider, const Switch& setting) {
+  const Option stored(provider, setting.option);
+  return call.reply(!stored || stored == setting.off ? "0" : "1");
 }
 
-bool store_switch(Call& call, Section provider, const Switch& option) {
+bool store_switch(Call& call, Section provider, const Switch& setting) {
   const bool on = call.value_is("1");
   if (!on && !call.value_is("0")) return false;
-  return write_option(provider, option.option, on ? option.on : option.off);
+  return write_option(provider, setting.option, on ? setting.on : setting.off);
 }
 
-// The provider switched last, be it off, is the active one.
+// The provider that was switched last is the active one, also when it was switched off.
 bool switch_provider(Call& call, Section provider, uint32_t bits) {
   if (!store_switch(call, provider, kEnabled)) return false;
   if (!write_option({"ddns", "provider"}, "provider", provider.name)) return false;
@@ -42,8 +40,8 @@ bool switch_provider(Call& call, Section provider, uint32_t bits) {
 
 bool set_wan_binding(Call& call) { return store_switch(call, noip, kWanBind) && call.mark(APPLY_DDNS); }
 
-constexpr auto is_on(Section provider, Switch option) {
-  return [=](Call& call) { return reply_switch(call, provider, option); };
+constexpr auto is_on(Section provider, Switch setting) {
+  return [=](Call& call) { return reply_switch(call, provider, setting); };
 }
 
 constexpr auto activate(Section provider, uint32_t bits) {
@@ -65,7 +63,7 @@ PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Password,   option(dyndns, "password"),     st
 PARAMETER(X_KOVA_AppCfg_DynDnsCfg_UserDomain, option(dyndns, "domain"),       store(dyndns, "domain"))
 PARAMETER(X_KOVA_AppCfg_DynDnsCfg_Server,     option(dyndns, "service_name"), read_only)
 
-// No-IP's two switches differ in the bit alone: that Enable marks another one than its siblings is on purpose.
+// Enable and Login differ only in the bit that they mark. That Enable marks the bit of the traceroute is on purpose.
 PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Enable,       is_on(noip, kEnabled),        activate(noip, APPLY_TRACEROUTE_DIAG))
 PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_Login,        is_on(noip, kEnabled),        activate(noip, APPLY_DDNS))
 PARAMETER(X_KOVA_AppCfg_NoipDnsCfg_State,        state("ddns state noip"),     read_only)

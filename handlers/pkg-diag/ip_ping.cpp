@@ -1,4 +1,4 @@
-// IPPingDiagnostics, and IP.Diagnostics.IPPing: are there answers from a host, and how soon.
+// IPPingDiagnostics, and IP.Diagnostics.IPPing: whether a host answers, and how fast.
 #include "pkg-diag.h"
 #include "test_results.hpp"
 

@@ -9,7 +9,10 @@ using namespace kova;
 
 constexpr char kLan[] = "lan";
 
-bool mac_address(Call& call) { return reply_device_mac(call, interface_status<32>(kLan, INTERFACE_DEVICE).c_str()); }
+bool mac_address(Call& call) {
+  const Text<32> device = interface_status<32>(kLan, INTERFACE_DEVICE);
+  return reply_or(call, device_status<100>(device.c_str(), DEVICE_MAC).c_str(), "0:0:0:0:0:0");
+}
 
 bool reply_counter(Call& call, bus_status_query counter) {
   const Text<32> device = interface_status<32>(kLan, INTERFACE_L3_DEVICE);

@@ -1,4 +1,4 @@
-// NSLookupDiagnostics, and DNS.Diagnostics.NSLookupDiagnostics: the addresses of a host name. There is one result.
+// NSLookupDiagnostics, and DNS.Diagnostics.NSLookupDiagnostics: the addresses of a host name. A test has one result.
 #include "link.hpp"
 #include "pkg-diag.h"
 #include "test_results.hpp"
@@ -10,7 +10,7 @@ using namespace kova;
 constexpr char kState[] = "/tmp/diag/nslookup_state";
 constexpr ResultFile lookup{"/tmp/diag/nslookup_result", "FTGNSR.\n", ""};
 
-// Without a server of its own, a look-up has asked the WAN's.
+// A result that does not name its server is the answer of the WAN's.
 bool wan_dns_servers(Call& call) { return call.reply(interface_status<100>("wan", INTERFACE_DNS_SERVERS).c_str()); }
 
 }  // namespace

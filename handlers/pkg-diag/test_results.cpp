@@ -2,6 +2,8 @@
 
 #include <string.h>
 
+#include <algorithm>
+
 #include "file.hpp"
 
 namespace kova {
@@ -17,14 +19,14 @@ bool reply_url(Call& call, const char* option) {
   return reply_option(call, {"cwmp", "info"}, "url", "");
 }
 
-bool reply_no_results(Call& call, const ResultFile& results) {
+bool reply_no_results(Call& call, const ResultFile& results, const char* fallback) {
   results.missing.print(call.origin());
-  return call.reply(results.fallback);
+  return call.reply(fallback);
 }
 
 bool reply_keyed(Call& call, const ResultFile& results, std::string_view key, bool (*absent)(Call&)) {
   File file(results.path, "r");
-  if (!file) return reply_no_results(call, results);
+  if (!file) return reply_no_results(call, results, results.fallback);
   for (ResultLine line; file.read_line(line.span());) {
     std::string_view rest = line.view();
     const std::string_view line_key = up_to('=', rest);
@@ -37,7 +39,7 @@ bool reply_keyed(Call& call, const ResultFile& results, std::string_view key, bo
 
 bool reply_prefixed(Call& call, const ResultFile& results, std::string_view key) {
   File file(results.path, "r");
-  if (!file) return reply_no_results(call, results);
+  if (!file) return reply_no_results(call, results, results.fallback);
   for (ResultLine line; file.read_line(line.span());) {
     if (!begins_with(key, line.view())) continue;
     return call.reply(line.view().size() > key.size() ? line.c_str() + key.size() + 1 : "");

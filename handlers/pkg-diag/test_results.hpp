@@ -1,7 +1,9 @@
-// The tests that the server asks for: their inputs, kept in the store, and the file in which the program that runs a
-// test leaves its results.
+// The tests that the server asks for: their inputs are in the store, and the program that runs a test leaves the
+// results in a file.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "diagnostics.hpp"
@@ -10,23 +12,23 @@
 
 namespace kova {
 
-// The inputs of all tests. Some tests share one: who sets the host to trace sets the host to ping.
+// The inputs of all tests. Ping and traceroute share the host and the count.
 inline constexpr Section params{"cwmp", "params"};
 
 // A line of a result file; a longer one counts as several.
 using ResultLine = Text<100>;
 
-// Where a test leaves its results; what is logged, and replied, while there are none.
+// Where a test leaves its results, and what is logged and replied while there is no such file.
 struct ResultFile {
   const char* path;
   LogMessage missing;
   const char* fallback;
 };
 
-// What validityCheck takes for a number.
+// The kinds of validityCheck.
 enum Digits { ANY_DIGITS = 1, AT_MOST_SIX_DIGITS = 2, FROM_1_TO_65535 = 3 };
 
-// A number that a text begins with; what follows it is not looked at.
+// The numbers, both ends included, that a text may begin with. What follows the number does not count.
 struct LeadingNumber {
   int32_t from;
   int32_t to;
@@ -37,7 +39,7 @@ struct LeadingNumber {
 
 bool no_value(Call& call);
 bool reply_url(Call& call, const char* option);
-bool reply_no_results(Call& call, const ResultFile& results);
+bool reply_no_results(Call& call, const ResultFile& results, const char* fallback);
 bool reply_keyed(Call& call, const ResultFile& results, std::string_view key, bool (*absent)(Call&));
 bool reply_prefixed(Call& call, const ResultFile& results, std::string_view key);
 bool store_host(Call& call, const char* option);
@@ -45,17 +47,17 @@ bool store_digits(Call& call, const char* option, Digits digits);
 
 // ---- Getters ----
 
-// Where files are sent to or received from: the server that manages the device when no other is set.
+// The URL of a test's server; without it that of the management server.
 constexpr auto url(const char* option) {
   return [=](Call& call) { return reply_url(call, option); };
 }
 
-// The value of the first line "key=value"; without one what `absent` replies.
+// The value of the first line "key=value". Without such a line `absent` replies.
 constexpr auto keyed(ResultFile results, const char* key, bool (*absent)(Call&) = no_value) {
   return [=](Call& call) { return reply_keyed(call, results, key, absent); };
 }
 
-// What follows the key and one character more in the first line that begins with the key, line end included.
+// The rest of the first line that begins with the key, after one more character. The line end is part of it.
 constexpr auto prefixed(ResultFile results, const char* key) {
   return [=](Call& call) { return reply_prefixed(call, results, key); };
 }

@@ -1,5 +1,6 @@
 // TraceRouteDiagnostics, and IP.Diagnostics.TraceRoute: the hops on the way to a host.
 #include <algorithm>
+#include <string_view>
 
 #include "file.hpp"
 #include "pkg-diag.h"
@@ -10,17 +11,15 @@ namespace {
 using namespace kova;
 
 constexpr char kState[] = "/tmp/diag/trace_state";
-constexpr char kResult[] = "/tmp/diag/trace_result";
-constexpr ResultFile trace{kResult, "FTGDS.\n", "0"};
-constexpr ResultFile hops{kResult, "FTGDS.\n", "None"};
+constexpr ResultFile trace{"/tmp/diag/trace_result", "FTGDS.\n", "0"};
 
 // ---- Hop lines: the hop's number, a time for each try, the host's name, its address ----
 
 struct Hop {
   ResultLine line;
-  int tries = 0;  // as many as are written, whatever was asked for
+  int tries = 0;  // that the line has times of
 
-  // A token of the line, counted from 1, its line end included; empty when there are fewer.
+  // A token of the line, counted from 1; empty when there are fewer. The last one ends with the line end.
   std::string_view token(int number) const;
   std::string_view host() const { return token(tries + 2); }
   std::string_view address() const { return token(tries + 3); }
@@ -38,7 +37,7 @@ std::string_view Hop::token(int number) const {
   return token;
 }
 
-// Reads the hop that has this number. False when the file has no such line.
+// Reads the line of a hop: its number counts lines from 0. False when the file has no such line.
 bool read_line(File& file, int32_t hop, ResultLine& line) {
   for (int32_t number = 0; number <= hop; ++number) {
     if (!file.read_line(line.span())) return false;
@@ -49,12 +48,13 @@ bool read_line(File& file, int32_t hop, ResultLine& line) {
 bool reply_hop(Call& call, bool (*part)(Call&, const Hop&)) {
   constexpr int kMostTries = 3;
   if (call.instance(0) < 1) return call.refuse("LE\n");
-  File file(hops.path, "r");
-  if (!file) return reply_no_results(call, hops);
+  File file(trace.path, "r");
+  if (!file) return reply_no_results(call, trace, "None");
   Hop hop;
   if (!read_line(file, call.instance(0), hop.line)) return true;
-  if (!reply_option(call, params, "count")) return false;
-  hop.tries = std::min(leading_number(call.output()), kMostTries);
+  const Option tries(params, "count");
+  if (!tries) return false;
+  hop.tries = std::min(leading_number(tries.text()), kMostTries);
   return part(call, hop);
 }
 
@@ -69,7 +69,7 @@ bool host_name(Call& call, const Hop& hop) {
 bool host_address(Call& call, const Hop& hop) {
   std::string_view address = hop.address();
   if (address.empty()) return call.reply("None");
-  address.remove_suffix(1);  // the line end, if the line was short enough for one
+  address.remove_suffix(1);  // the line end; of a line that has none, the last character
   return call.reply(ResultLine(address).c_str());
 }
 
@@ -98,8 +98,8 @@ constexpr auto hop(bool (*part)(Call&, const Hop&)) {
 // clang-format off
 PARAMETER(TraceRouteDiagnostics_DiagnosticsState,         diagnostics_state(kState), diagnostics_request(kState, APPLY_TRACEROUTE_DIAG))
 PARAMETER(TraceRouteDiagnostics_Host,                     option(params, "host"),    host("host"))
-PARAMETER(TraceRouteDiagnostics_NumberOfTries,            required(params, "count"), number("count", {1, 3, 1}))
-PARAMETER(TraceRouteDiagnostics_MaxHopCount,              required(params, "ttl"),   number("ttl", {1, 30, 2}))
+PARAMETER(TraceRouteDiagnostics_NumberOfTries,            required(params, "count"), number("count", {.from = 1, .to = 3, .longest_text = 1}))
+PARAMETER(TraceRouteDiagnostics_MaxHopCount,              required(params, "ttl"),   number("ttl", {.from = 1, .to = 30, .longest_text = 2}))
 PARAMETER(TraceRouteDiagnostics_ResponseTime,             constant("0"),             read_only)
 PARAMETER(TraceRouteDiagnostics_RouteHopsNumberOfEntries, prefixed(trace, "Hops"),   read_only)
 PARAMETER(TraceRouteDiagnostics_RouteHops_HopHost,        hop(host_name),            read_only)

@@ -15,8 +15,8 @@ bool set_source(Call& call) {
 // clang-format off
 PARAMETER(UDPEchoConfig_Enable,          option(params, "udpecho_enable", "0"),         store(params, "udpecho_enable", APPLY_UDP_ECHO))
 PARAMETER(UDPEchoConfig_SourceIPAddress, option(params, "udpecho_sourceIPAddress", ""), set_source)
-// The last port cannot be had, and is not missed.
-PARAMETER(UDPEchoConfig_UDPPort,         option(params, "udpecho_UDPPort", "7"),        number("udpecho_UDPPort", {1, 65534}, APPLY_UDP_ECHO))
+// The last port, 65535, is refused on purpose.
+PARAMETER(UDPEchoConfig_UDPPort,         option(params, "udpecho_UDPPort", "7"),        number("udpecho_UDPPort", {.from = 1, .to = 65534}, APPLY_UDP_ECHO))
 
 PARAMETER(IP_Diagnostics_IPv4UDPEchoDiagnosticsSupported, constant("1"), read_only)
 ALIAS(IP_Diagnostics_UDPEchoConfig_Enable,                UDPEchoConfig_Enable)

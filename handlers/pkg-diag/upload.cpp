@@ -17,7 +17,7 @@ PARAMETER(UploadDiagnostics_UploadURL,                       url("uploadURL"),  
 PARAMETER(UploadDiagnostics_UploadTransports,                constant("HTTP"),                           read_only)
 PARAMETER(UploadDiagnostics_UploadDiagnosticsMaxConnections, constant("9"),                              read_only)
 PARAMETER(UploadDiagnostics_TestFileLength,                  option(params, "testFileLength", "1024"),   store(params, "testFileLength"))
-PARAMETER(UploadDiagnostics_NumberOfConnections,             option(params, "numberOfConnections", "4"), number("numberOfConnections", {1, 9}))
+PARAMETER(UploadDiagnostics_NumberOfConnections,             option(params, "numberOfConnections", "4"), number("numberOfConnections", {.from = 1, .to = 9}))
 PARAMETER(UploadDiagnostics_TotalBytesSent,                  keyed(upload, "TotalBytesSend"),            read_only)
 PARAMETER(UploadDiagnostics_BOMTime,                         keyed(upload, "bomtime_utc"),               read_only)
 PARAMETER(UploadDiagnostics_EOMTime,                         keyed(upload, "eomtime_utc"),               read_only)

@@ -17,7 +17,7 @@ using Address = Text<33>;
 // ---- On or off ----
 
 constexpr auto on_or_off(const char* on, const char* off) {
-  return [=](Call& call) { return call.reply(option_is(dhcp, "ignore", "1") ? off : on); };
+  return [=](Call& call) { return call.reply(Option(dhcp, "ignore") == "1" ? off : on); };
 }
 
 // ---- Pool ----
@@ -25,17 +25,15 @@ constexpr auto on_or_off(const char* on, const char* off) {
 bool first_address(Call& call) {
   Address first;
   Address last;
-  if (dhcp_calc_ipaddr_pool(first.data(), last.data()) == 0) return call.reply(first.c_str());
-  LOG("FTGDSIAD.\n");
-  return false;
+  if (dhcp_calc_ipaddr_pool(first.data(), last.data()) != 0) return call.refuse("FTGDSIAD.\n");
+  return call.reply(first.c_str());
 }
 
 bool last_address(Call& call) {
   Address first;
   Address last;
-  if (dhcp_calc_ipaddr_pool(first.data(), last.data()) == 0) return call.reply(last.c_str());
-  LOG("FTGDEIAD.\n");
-  return false;
+  if (dhcp_calc_ipaddr_pool(first.data(), last.data()) != 0) return call.refuse("FTGDEIAD.\n");
+  return call.reply(last.c_str());
 }
 
 // Completes the range from the configured pool and has it applied; `key` names the end that the server sets.
@@ -57,13 +55,10 @@ bool set_last_address(Call& call) {
 // ---- Lease time: minutes or, with an "h", hours in the store; seconds in the data model ----
 
 bool lease_time(Call& call) {
-  // The "h" may stand anywhere in a text of any length.
-  if (!reply_option(call, dhcp, "leasetime")) {
-    LOG("FTGDLTE.\n\n");
-    return false;
-  }
-  const int unit = strchr(call.output(), 'h') != nullptr ? 3600 : 60;
-  return call.reply_number(static_cast<long long>(leading_number(call.output())) * unit);
+  const Option stored(dhcp, "leasetime");
+  if (!stored) return call.refuse("FTGDLTE.\n\n");
+  const int unit = strchr(stored.text(), 'h') != nullptr ? 3600 : 60;  // wherever it stands
+  return call.reply_number(static_cast<long long>(leading_number(stored.text())) * unit);
 }
 
 // As the script wants it: forever is the longest time that fits, and less than a minute is one.
@@ -86,20 +81,15 @@ using Server = Text<32>;
 // The DNS option that the DHCP daemon hands out, from its generated configuration.
 Server offered_server(const char* command) { return logged_first_line<Server::capacity()>(command); }
 
-// A space between the two, and an unset address in place of a repeated one.
+// Two servers with a space between them. The second of two equal ones reads as unset, and two unset ones stand for the
+// router itself.
 bool dns_servers(Call& call) {
-  Server first = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $3}'");
-  Server second = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $4}'");
-  if (first == "0.0.0.0" && second == "0.0.0.0") {
-    if (!read_option({"network", "lan"}, "ipaddr", first.span())) {
-      LOG("FTGLI.\n");
-      return false;
-    }
-    second = first;
-  }
-  Text<2 * Server::capacity()> servers;
-  servers.print("%s %s", first.c_str(), first == second.view() ? "0.0.0.0" : second.c_str());
-  return call.reply(servers.c_str());
+  const Server first = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $3}'");
+  const Server second = offered_server("cat /var/etc/dnsmasq.conf* | grep dhcp-option=lan,6 | awk -F ',' '{print $4}'");
+  if (!(first == second.view())) return call.reply_joined({first.c_str(), " ", second.c_str()});
+  if (!(first == "0.0.0.0")) return call.reply_joined({first.c_str(), " 0.0.0.0"});
+  const Option router({"network", "lan"}, "ipaddr");
+  return router ? call.reply_joined({router.text(), " 0.0.0.0"}) : call.refuse("FTGLI.\n");
 }
 
 }  // namespace

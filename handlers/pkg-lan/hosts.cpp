@@ -26,17 +26,18 @@ bool located(const Call& call, const Row& row) {
   return true;
 }
 
-// Replies an option of the call's row whole. False, and nothing replied, when there is no such row or option.
-bool read_host(Call& call, const Row& row, const char* option) {
+// An option of the call's row.
+StateOption host_option(const Call& call, const Row& row, const char* option) {
   Text<12> section;
   section.print("%d", call.instance(row.position));
-  return uci_raw_extract_value_By_path("hosts", section.c_str(), option, call.output()) == 0;
+  return {{"hosts", section.c_str()}, option};
 }
 
 bool reply_host(Call& call, const Row& row, const char* option, const char* fallback, LogMessage missing) {
   generate_host_info();
   if (!located(call, row)) return call.refuse(row.unlocated);
-  if (read_host(call, row, option)) return true;
+  const StateOption field = host_option(call, row, option);
+  if (field) return call.reply(field.text());
   missing.print(call.origin());
   return call.reply(fallback);
 }
@@ -47,7 +48,8 @@ constexpr auto host_field(Row row, const char* option, const char* fallback, Log
 
 bool host_count(Call& call) {
   generate_host_info();
-  return uci_raw_extract_value_By_path("hosts", "info", "count", call.output()) == 0 || call.reply("0");
+  const StateOption count({"hosts", "info"}, "count");
+  return call.reply(count ? count.text() : "0");
 }
 
 // ---- The interface that a host was seen on, as each tree refers to it ----
@@ -72,13 +74,12 @@ const Reference& reference_for(const char* device_interface) {
   return *reference;
 }
 
-// Replies what `refer` makes of the row's interface, empty for a row that does not exist.
-template <typename Refer>
-bool reply_reference(Call& call, const Row& row, Refer refer) {
+// Replies what `refer` makes of the row's interface; empty for a row that does not exist.
+bool reply_reference(Call& call, const Row& row, const char* (*refer)(const char* interface)) {
   generate_host_info();
   if (!located(call, row)) return call.refuse(row.unlocated);
-  if (!read_host(call, row, "lay2if")) return call.reply("");
-  return call.reply(refer(call.output()));
+  const StateOption interface = host_option(call, row, "lay2if");
+  return call.reply(interface ? refer(interface.text()) : "");
 }
 
 bool lan_device_reference(Call& call) {

@@ -28,10 +28,7 @@ bool addressing_type(Call& call) {
 bool mac_address(Call& call) {
   if (call.instance(0) != 1 || call.instance(1) != 1) return false;
   Text<128> mac;
-  if (!first_line("ifconfig br-lan | grep HWaddr | awk '{print $5}'", mac.span())) {
-    LOG("FTGMAD.\n");
-    return false;
-  }
+  if (!first_line("ifconfig br-lan | grep HWaddr | awk '{print $5}'", mac.span())) return call.refuse("FTGMAD.\n");
   return reply_or(call, mac.c_str(), "0:0:0:0:0:0");
 }
 

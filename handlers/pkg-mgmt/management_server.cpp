@@ -12,9 +12,9 @@ using namespace kova;
 constexpr Section info{"cwmp", "info"};
 
 // The agent reloads its settings even when the store refused one: the server has asked for a change.
-bool store_and_mark(Call& call, const char* option, const char* value) {
+bool store_and_mark(Call& call, const char* option, const char* value, uint32_t bits = APPLY_MANAGEMENT) {
   write_option(info, option, value);
-  return call.mark(APPLY_MANAGEMENT);
+  return bits == 0 || call.mark(bits);
 }
 
 constexpr auto agent_setting(const char* option, LogMessage message = {}) {
@@ -27,9 +27,8 @@ constexpr auto agent_setting(const char* option, LogMessage message = {}) {
 // ---- Switches: "on" and "off" in the store, "1" and "0" in the data model ----
 
 bool reply_switch(Call& call, const char* option, LogMessage failure) {
-  Text<8> stored;
-  if (!read_option(info, option, stored.span())) return call.refuse(failure);
-  return call.reply(stored == "on" ? "1" : "0");
+  const Option stored(info, option);
+  return stored ? call.reply(stored == "on" ? "1" : "0") : call.refuse(failure);
 }
 
 const char* on_or_off(const Call& call) {
@@ -42,27 +41,18 @@ constexpr auto agent_switch(const char* option, LogMessage failure) {
   return [=](Call& call) { return reply_switch(call, option, failure); };
 }
 
-constexpr auto set_agent_switch(const char* option, LogMessage message = {}) {
+constexpr auto set_agent_switch(const char* option, LogMessage message = {}, uint32_t bits = APPLY_MANAGEMENT) {
   return [=](Call& call) {
     message.print(call.origin(), call.value());
     const char* value = on_or_off(call);
-    return value != nullptr && store_and_mark(call, option, value);
+    return value != nullptr && store_and_mark(call, option, value, bits);
   };
 }
 
 // A device that does not say otherwise may be reset.
 bool reset_allowed(Call& call) {
-  Text<8> stored;
-  const bool missing = !read_option(info, "reset_factory", stored.span());
-  return call.reply(missing || stored == "on" ? "1" : "0");
-}
-
-bool set_reset_allowed(Call& call) {
-  LOG("ECRF.%s\n\n", call.value());
-  const char* value = on_or_off(call);
-  if (value == nullptr) return false;
-  write_option(info, "reset_factory", value);
-  return true;
+  const Option stored(info, "reset_factory");
+  return call.reply(!stored || stored == "on" ? "1" : "0");
 }
 
 // ---- What the running agent uses ----
@@ -85,10 +75,10 @@ bool nat_detected(Call& call) { return call.reply(call.agent().nat_detected == 1
 
 bool connection_request_url(Call& call) {
   const agent_state& agent = call.agent();
-  Text<256> url;
-  url.print("http://%s:%d%s", agent.connection_request_host, agent.connection_request_port,
-            agent.connection_request_path);
-  return call.reply(url.c_str());
+  Text<8> port;
+  port.print("%d", agent.connection_request_port);
+  return call.reply_joined(
+      {"http://", agent.connection_request_host, ":", port.c_str(), agent.connection_request_path});
 }
 
 }  // namespace
@@ -105,7 +95,7 @@ PARAMETER(ManagementServer_ConnectionRequestURL,      connection_request_url,   
 PARAMETER(ManagementServer_ConnectionRequestUsername, option(info, "conn_username"),               agent_setting("conn_username", "CWMP_CR_UN: %s\n\n"))
 PARAMETER(ManagementServer_ConnectionRequestPassword, option(info, "conn_password"),               agent_setting("conn_password", "CWMP_CR_PW:%s\n\n"))
 PARAMETER(ManagementServer_KickURL,                   constant(""),                                ignored)
-PARAMETER(ManagementServer_EnableResetFactory,        reset_allowed,                               set_reset_allowed)
+PARAMETER(ManagementServer_EnableResetFactory,        reset_allowed,                               set_agent_switch("reset_factory", "ECRF.%s\n\n", 0))
 
 PARAMETER(ManagementServer_UDPConnectionRequestAddress, agent_text(&agent_state::udp_connection_request_address), read_only)
 PARAMETER(ManagementServer_NATDetected,                 nat_detected,                                             read_only)
