@@ -1,6 +1,6 @@
 // The functions of the C library's and the platform's through which the plug-in reaches the world: its commands, files,
-// log, configuration and bus; and those through which the stand-ins' libraries write files, which can fail as well. The one list of them: whoever stands between the plug-in and the world includes it with
-// definitions of
+// log, configuration and bus; and those through which the stand-ins' libraries write files, which can fail as well. The
+// one list of them: whoever stands between the plug-in and the world includes it with definitions of
 //
 //   KOVA_CALL(type, name, parameters, arguments, failure, error)  failing means this result, and this errno
 //   KOVA_PATH_CALL(...)                                           the same, of the file at `path`; else a KOVA_CALL
@@ -51,8 +51,7 @@ KOVA_CALL(int, uci_set_savedir, (uci_context * context, const char* directory), 
 KOVA_CALL(int, uci_load, (uci_context * context, const char* name, uci_package** package), (context, name, package),
           UCI_ERR_IO, 0)
 KOVA_SURE_CALL(int, uci_unload, (uci_context * context, uci_package* package), (context, package))
-KOVA_SURE_CALL(int, uci_lookup_next,
-               (uci_context * context, uci_element** element, uci_list* list, const char* name),
+KOVA_SURE_CALL(int, uci_lookup_next, (uci_context * context, uci_element** element, uci_list* list, const char* name),
                (context, element, list, name))
 KOVA_CALL(int, uci_lookup_ptr, (uci_context * context, uci_ptr* element, char* path, bool extended),
           (context, element, path, extended), UCI_ERR_MEM, 0)
@@ -65,11 +64,9 @@ KOVA_CALL(int, uci_revert, (uci_context * context, uci_ptr* element), (context, 
 KOVA_CALL(int, blob_buf_init, (blob_buf * buffer, int id), (buffer, id), -1, 0)
 KOVA_CALL(int, blobmsg_add_string, (blob_buf * buffer, const char* name, const char* value), (buffer, name, value), -1,
           0)
-KOVA_CALL(int, blobmsg_add_field,
-          (blob_buf * buffer, int kind, const char* name, const void* data, unsigned size),
+KOVA_CALL(int, blobmsg_add_field, (blob_buf * buffer, int kind, const char* name, const void* data, unsigned size),
           (buffer, kind, name, data, size), -1, 0)
-KOVA_CALL(int, blobmsg_parse,
-          (const blobmsg_policy* policy, int count, blob_attr** fields, void* data, unsigned size),
+KOVA_CALL(int, blobmsg_parse, (const blobmsg_policy* policy, int count, blob_attr** fields, void* data, unsigned size),
           (policy, count, fields, data, size), -1, 0)
 KOVA_CALL(ubus_context*, ubus_connect, (const char* socket), (socket), nullptr, 0)
 KOVA_SURE_CALL(void, ubus_free, (ubus_context * bus), (bus))

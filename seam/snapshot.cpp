@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <sstream>
 #include <system_error>
 
 #include "seam/paths.hpp"
@@ -133,8 +134,9 @@ Texts kept_files(const Platform& of) {
 }
 
 std::string read_file(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
+  std::ostringstream text;
+  text << std::ifstream(file, std::ios::binary).rdbuf();  // a directory can be opened, but not read
+  return text.str();
 }
 
 void write_file(const fs::path& file, const std::string& text) {

@@ -49,7 +49,7 @@ class Snapshot {
 // which are work that waits and may have passwords in them, are not among them, nor is what is too large.
 Texts kept_files(const Platform& of = platform());
 
-std::string read_file(const std::filesystem::path& file);                     // empty where there is none
+std::string read_file(const std::filesystem::path& file);                     // empty where none can be read
 void write_file(const std::filesystem::path& file, const std::string& text);  // throws std::system_error
 
 // "package.section.option" and its value, "package.section" and its type: what libuci reads in a package's text, and in

@@ -171,7 +171,7 @@ std::string emptied_packages() {
 class Conditions : public DeviceTest {};
 
 TEST_F(Conditions, NothingDiesKeepsMarksAFailureOrEmptiesAFile) {
-  const DeviceState factory;
+  const seam::Snapshot factory = seam::Snapshot::of_lab();
   const std::string firmware = *contents("/etc/rom_version");
   for (const Condition& condition : kConditions) {
     SCOPED_TRACE(condition.name);

@@ -108,6 +108,9 @@ TEST_F(Channels, AreTestedByNumber) {
   seams().answer(listing("ra0"), "1 6 0 11 ");
   for (const auto& [channel, result] : {std::pair{"6", 7}, {"11 and more", 7}, {"7", 0}, {"0", 0}, {"4294967302", 0}})
     EXPECT_EQ(test(channel), result) << channel;
+  configure("wireless.wlan00.ifname", std::string(300, 'i'));
+  seams().answer(listing(std::string(255, 'i')), "9");
+  EXPECT_EQ(test("9"), 7);
   seams().popen_fails = true;
   EXPECT_EQ(test("6"), -1);
   EXPECT_EQ(take_log(), "popen failed.\n");

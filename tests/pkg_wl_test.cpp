@@ -88,12 +88,17 @@ TEST_F(WirelessNetwork, IsSeenThroughItsInterface) {
     if (in_device) expect_status({ACCESS(Status), network.numbers}, "Enabled", "Disabled");
 
     const At bssid = network.at(WLAN(BSSID), MULTI(BSSID), SSID(BSSID));
-    const std::string address = "iwinfo " + network.interface + " info | grep 'Access Point' | awk '{print $3}'";
+    const auto ask_address = [](const std::string& interface) {
+      return "iwinfo " + interface + " info | grep 'Access Point' | awk '{print $3}'";
+    };
+    const std::string address = ask_address(network.interface);
+    const std::string long_name(300, 'i');
     const char* const no_bssid = network.is_extra() ? "failed to get BSSID\n" : "failed to get BSSID. \n";
     expect_gets({{bssid, prints(address, std::string(200, 'x')), std::string(99, 'x')},
                  {bssid, prints(address, ""), "0:0:0:0:0:0", no_bssid},
                  {bssid, no_interface, kGetFailed},
-                 {bssid, network.with("ifname", std::string(300, 'i')), kGetFailed}});
+                 {bssid, network.with("ifname", long_name) && prints(ask_address(long_name), "02:00"), "02:00"},
+                 {bssid, network.with("ifname", std::string(5000, 'i')), kGetFailed}});
 
     const std::string count = "cat /proc/net/dev|grep -w " + network.interface;
     size_t next = 0;
@@ -120,6 +125,8 @@ TEST_F(WirelessNetwork, HasTheDevicesThatTheHostsTableShowsOnIt) {
     const At count = network.at(WLAN(AssociatedDeviceNumberOfEntries), MULTI(AssociatedDeviceNumberOfEntries),
                                 ACCESS(AssociatedDeviceNumberOfEntries));
     expect_gets({{count, hosts("5"), "3"},
+                 {count, hosts("00000000000000000005"), "3"},
+                 {count, hosts("2147483647"), "4"},
                  {count, hosts("1"), "0"},
                  {count, hosts("none"), "0"},
                  {count, no_count, kGetFailed, "failed to get HINFO.\n"}});
@@ -146,6 +153,17 @@ TEST_F(WirelessNetwork, HasTheDevicesThatTheHostsTableShowsOnIt) {
                    {device(at, 1), no_count, kGetFailed, "failed to get HINFO.\n"}});
     }
     expect_gets({{device(mac, 3), hosts("5"), "e"}});
+
+    std::string scattered = "config info 'info'\n\toption count '2147483647'\n";
+    for (const char* row : {"2147483647", "10", "03", "4294967299", "2"})
+      scattered += std::string("config host '") + row + "'\n\toption lay2if '" + network.section + "'\n\toption mac '" +
+                   row + "'\n";
+    const Source rows = file("/tmp/tr069/hosts", scattered);
+    expect_gets({{count, rows, "3"},
+                 {device(mac, 1), rows, "2"},
+                 {device(mac, 2), rows, "10"},
+                 {device(mac, 3), rows, "2147483647"},
+                 {device(mac, 4), rows, kGetFailed, no_device}});
   }
   EXPECT_EQ(get(WLAN(AssociatedDeviceNumberOfEntries)), answered("1"));
   EXPECT_EQ(commands(), std::vector<std::string>{"/usr/bin/tr069/gen_hosts"});
@@ -166,7 +184,8 @@ TEST_F(WirelessSecurity, IsOpenOrAPassphraseInTheOlderTree) {
     const Outcome done = accepted(network.mask());
     const char* const aes_only = network.is_extra() ? "AES only\n" : "AES only.\n";
     for (const auto& [stored, of_beacon, of_basic, of_encryption, of_authentication] :
-         {std::tuple{"psk2+ccmp", "11i", "", "AESEncryption", "PSKAuthentication"},
+         {std::tuple{std::string("psk2+ccmp"), "11i", "", "AESEncryption", "PSKAuthentication"},
+          {std::string(500, ' ') + "psk", "11i", "", "AESEncryption", "PSKAuthentication"},
           {"none", "None", "None", "", ""},
           {"wep", "", "", "AESEncryption", ""}})
       expect_gets({{beacon, option(path, stored), of_beacon},
@@ -392,6 +411,8 @@ TEST_F(WirelessRadio, HasItsOwnAbilitiesAndAWidthInUse) {
                  {widths, radio.with("ht160", "1"), all_widths + (radio.wide ? ",160MHz" : "")},
                  {widths, radio.with("ht160", "01"), all_widths},
                  {standards, radio.with("hwmodes", "11ax 11b"), known + (radio.wide ? ",anacax" : ",bgnax")},
+                 {standards, radio.with("hwmodes", std::string(500, ' ') + "11ax"),
+                  known + (radio.wide ? ",anacax" : ",bgnax")},
                  {standards, radio.with("hwmodes", "11a 11n"), known},
                  {standards, radio.with("hwmodes", ""), kGetFailed, "failed to get " + radio.section + " hwm\n"},
                  {radio.at(RADIO(Enable)), as_is, "1"},

@@ -1,11 +1,8 @@
 // The configuration store: main store, mirrors, state files, revert and factory profile.
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <array>
-#include <optional>
 #include <regex>
 #include <sstream>
 
@@ -24,9 +21,6 @@ struct Path {
   }
   std::string package, section, option;
 };
-
-// What every file system says of itself, where a test decides that.
-std::optional<struct statfs> file_system;
 
 class Store : public DeviceTest {
  protected:
@@ -118,12 +112,12 @@ TEST_F(Store, AFailingMainStoreWriteLeavesTheMirrorUntouched) {
       {"cwmp.info.url", "a\x01z", "uci set err:cwmp.info.url=a\x01z 2\n\n"},
       {"cwmp.info.url", "a\x1fz", "uci set err:cwmp.info.url=a\x1fz 2\n\n"},
       {"cwmp.info.url", nullptr, "invalid uci set arg.\n\n"}};
-  const DeviceState before;
+  const seam::Snapshot before = seam::Snapshot::of_lab();
   for (const auto& [path, value, log] : rows) {
     EXPECT_EQ(write(path, value), -1);
     EXPECT_TRUE(take_log().ends_with(std::string(log) + "FTSUC.\n\n")) << log;
   }
-  EXPECT_EQ(before.effects(), std::vector<std::string>{});
+  EXPECT_EQ(effects_since(before), std::vector<std::string>{});
   EXPECT_NE(run("test -e /tmp/cwmp-config"), 0);
 }
 
@@ -211,9 +205,8 @@ TEST_F(Store, RootUsesWhatIsKeptForIt) {
   struct statfs kept = {};
   kept.f_blocks = kept.f_bfree = 1000;
   kept.f_frsize = 4096;
-  file_system = kept;
+  seams().file_system = kept;
   EXPECT_EQ(write("cwmp.info.url", "stored"), 0);
-  file_system.reset();
 }
 
 TEST_F(Store, AFailingMirrorWriteIsReportedAfterTheStoreWasCommitted) {
@@ -296,9 +289,3 @@ TEST_F(Store, ProfileValuesAreCutAndTerminatedOnePastTheUsualPlace) {
 
 }  // namespace
 }  // namespace kova::test
-
-int statfs(const char* path, struct statfs* status) noexcept {
-  if (!kova::test::file_system) return static_cast<int>(syscall(SYS_statfs, path, status));
-  *status = *kova::test::file_system;
-  return 0;
-}

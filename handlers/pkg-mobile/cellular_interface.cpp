@@ -1,5 +1,4 @@
-// Cellular.Interface: the mobile interface, its modem and its SIM. There is one, so the instance number does not
-// matter.
+// Cellular.Interface: the mobile interface, its modem and its SIM. There is one, whatever the instance number.
 #include "link.hpp"
 #include "mobile.hpp"
 #include "modem.hpp"
@@ -9,13 +8,15 @@ namespace {
 
 using namespace kova;
 
+constexpr Switch enabled{.option = "disabled", .on = "0", .off = "1"};
+
 bool status(Call& call) {
   const Text<100> up = interface_status<100>(kMobile, INTERFACE_UP);
   if (up.empty() || up == "0") return call.reply("Down");
   return call.reply(up == "1" ? "Up" : "Error");
 }
 
-// A line that the modem's service keeps.
+// The first line of a file that the modem's service keeps.
 constexpr auto service_line(const char* command, LogMessage nothing) {
   return [=](Call& call) { return reply_answer(call, command, nothing); };
 }
@@ -23,11 +24,11 @@ constexpr auto service_line(const char* command, LogMessage nothing) {
 }  // namespace
 
 // clang-format off
-PARAMETER(Cellular_Interface_Enable,         if_present(by_option("disabled", "1", "0", "1"), "0"), switch_option("disabled", "1", "0", "CEDSE. \n"))
-PARAMETER(Cellular_Interface_Status,         status,                                                read_only)
-PARAMETER(Cellular_Interface_IPAddress,      link_status(kMobile, INTERFACE_ADDRESS, "0.0.0.0"),    read_only)
-PARAMETER(Cellular_Interface_SubnetMask,     link_status(kMobile, INTERFACE_MASK, "0.0.0.0"),       read_only)
-PARAMETER(Cellular_Interface_AddressingType, if_present(constant("DHCP"), ""),                      read_only)
+PARAMETER(Cellular_Interface_Enable,         if_present(on_or_off(enabled, "1", "0"), "0"),      switch_and_apply(enabled, "CEDSE. \n"))
+PARAMETER(Cellular_Interface_Status,         status,                                             read_only)
+PARAMETER(Cellular_Interface_IPAddress,      link_status(kMobile, INTERFACE_ADDRESS, "0.0.0.0"), read_only)
+PARAMETER(Cellular_Interface_SubnetMask,     link_status(kMobile, INTERFACE_MASK, "0.0.0.0"),    read_only)
+PARAMETER(Cellular_Interface_AddressingType, if_present(constant("DHCP"), ""),                   read_only)
 
 PARAMETER(Cellular_Interface_IMEI,       if_present(service_line("cat /var/run/4g/getimei", "failed to get IMEI. \n")), read_only)
 PARAMETER(Cellular_Interface_USIM_IMSI,  if_present(service_line("cat /var/run/4g/getimsi", "FTGIMSI. \n")),            read_only)

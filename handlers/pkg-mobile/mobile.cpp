@@ -15,15 +15,11 @@ bool reply_answer(Call& call, const char* command, LogMessage nothing) {
   return call.reply(answer.c_str());
 }
 
-bool reply_by_option(Call& call, const char* option, const char* value, const char* then, const char* otherwise) {
-  return call.reply(option_is(mobile, option, value) ? then : otherwise);
-}
-
-bool apply_switch(Call& call, const char* option, const char* off, const char* on, LogMessage failure) {
+bool store_switch(Call& call, const Switch& setting, LogMessage failure) {
   const char* word = nullptr;
-  if (call.value_is("0")) word = off;
-  if (call.value_is("1")) word = on;
-  if (word != nullptr && !write_option(mobile, option, word)) return call.refuse(failure);
+  if (call.value_is("1")) word = setting.on;
+  if (call.value_is("0")) word = setting.off;
+  if (word != nullptr && !write_option(mobile, setting.option, word)) return call.refuse(failure);
   return call.mark(APPLY_CELLULAR | APPLY_MANAGEMENT);
 }
 

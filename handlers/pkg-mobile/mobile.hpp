@@ -2,14 +2,22 @@
 #pragma once
 
 #include "parameter.hpp"
+#include "text.hpp"
 
 namespace kova {
 
-// The network interface; its settings stand under the same name.
+// The network interface. The section of its settings has the same name.
 inline constexpr char kMobile[] = "4g";
 inline constexpr Section mobile{"network", kMobile};
 
-// What a command or the modem answers: its first line, empty for none.
+// An option that is on or off, and the store's words for these.
+struct Switch {
+  const char* option;
+  const char* on;  // nullptr: nothing is written to switch it on
+  const char* off;
+};
+
+// The first line that a command prints; empty when there is none.
 using Answer = Text<100>;
 
 // Whether the network daemon knows the interface, be it up or down.
@@ -17,19 +25,14 @@ bool has_Cellular_iface();
 
 Answer answer_of(const char* command);
 
-// Replies a command's first line; without one the reply is empty and `nothing` is logged.
+// Replies a command's first line. Without one the reply is empty and `nothing` is logged.
 bool reply_answer(Call& call, const char* command, LogMessage nothing);
 
-// Replies `then` when the option has this value, else `otherwise`, also when the option cannot be read.
-bool reply_by_option(Call& call, const char* option, const char* value, const char* then, const char* otherwise);
-
-// Writes `off` for "0" and `on` for "1", nothing for another value or where the word is nullptr. In every case the
-// interface is marked to be applied, unless the write failed.
-bool apply_switch(Call& call, const char* option, const char* off, const char* on, LogMessage failure);
+bool store_switch(Call& call, const Switch& setting, LogMessage failure);
 
 // ---- Getters and setters ----
 
-// What `word` does, while the interface is present; else replies `absent`, or does nothing when that is nullptr.
+// What `word` does while the interface is present. Otherwise `absent` is replied, or nothing when that is nullptr.
 constexpr auto if_present(auto word, const char* absent = nullptr) {
   return [=](Call& call) {
     if (has_Cellular_iface()) return word(call);
@@ -37,12 +40,15 @@ constexpr auto if_present(auto word, const char* absent = nullptr) {
   };
 }
 
-constexpr auto by_option(const char* option, const char* value, const char* then, const char* otherwise) {
-  return [=](Call& call) { return reply_by_option(call, option, value, then, otherwise); };
+// Replies `off` when the store has the word for off, else `on`, also when the option cannot be read.
+constexpr auto on_or_off(Switch setting, const char* on, const char* off) {
+  return [=](Call& call) { return call.reply(Option(mobile, setting.option) == setting.off ? off : on); };
 }
 
-constexpr auto switch_option(const char* option, const char* off, const char* on, LogMessage failure) {
-  return [=](Call& call) { return apply_switch(call, option, off, on, failure); };
+// Writes the word for "1" or "0" and has the interface applied. For another value nothing is written, but the interface
+// is applied all the same. A failed write fails the set.
+constexpr auto switch_and_apply(Switch setting, LogMessage failure) {
+  return [=](Call& call) { return store_switch(call, setting, failure); };
 }
 
 }  // namespace kova

@@ -1,4 +1,4 @@
-// What the modem says of the radio link in answer to AT commands, which it takes through the bus.
+// The modem's answers to AT commands, which it takes through the bus.
 #pragma once
 
 #include "mobile.hpp"
@@ -9,15 +9,12 @@ namespace kova {
 enum NetMode { NR5G_SA, NR5G_NSA, LTE, UNKNOWN, NET_MODES };
 inline constexpr char kNetModeNames[NET_MODES][16] = {"NR5G-SA", "NR5G-NSA", "LTE", "UNKNOWN"};
 
-// Asks the modem for it; UNKNOWN, and logged, when there is no modem, no answer or none that is understood.
-NetMode cellular_net_mode();
-
-// ---- Getters. Without a modem they reply "0"; all but the access technology then fail. ----
+// ---- Getters: without a configured modem they reply "0", and all but the access technology fail ----
 
 bool access_technology(Call& call);
 bool signal_strength(Call& call);
 
-// The field of the serving cell's line, counted from 1, that holds a value in each mode but UNKNOWN.
+// Where a value is in the serving cell's line: its field, counted from 1, for each mode but UNKNOWN.
 struct CellField {
   int in_mode[UNKNOWN];
 };

@@ -27,11 +27,9 @@ bool reference(Call& call, const Network& /*network*/) {
 }
 
 bool modes_supported(Call& call, const Network& network) {
-  renamed_to_radio(call, network);
-  bool has_ax = false;
-  read_ax(*network.radio, has_ax);
-  return call.reply(has_ax ? "None,WPA-PSK,WPA2-PSK,WPA-PSK/WPA2-PSK,WPA2-PSK/WPA3-SAE,WPA3-SAE"
-                           : "None,WPA-PSK,WPA2-PSK,WPA-PSK/WPA2-PSK");
+  const bool has_wpa3 = has_ax(Option(network.radio->section, kHardwareModes));
+  return call.reply(has_wpa3 ? "None,WPA-PSK,WPA2-PSK,WPA-PSK/WPA2-PSK,WPA2-PSK/WPA3-SAE,WPA3-SAE"
+                             : "None,WPA-PSK,WPA2-PSK,WPA-PSK/WPA2-PSK");
 }
 
 }  // namespace
@@ -40,16 +38,16 @@ bool modes_supported(Call& call, const Network& network) {
 PARAMETER(WiFi_AccessPointNumberOfEntries, constant("4"), read_only)
 
 ALIAS(WiFi_AccessPoint_Enable,                          WiFi_SSID_Enable)
-ALIAS(WiFi_AccessPoint_Status,                          status_by_network,       LANDevice_WLANConfiguration_Status,                          LANDevice_WLANConfiguration_MultiSSID_Status, "Up", "Enabled")
-PARAMETER(WiFi_AccessPoint_SSIDReference,               access_point(reference), read_only)
-ALIAS(WiFi_AccessPoint_SSIDAdvertisementEnabled,        by_network,              LANDevice_WLANConfiguration_SSIDAdvertisementEnabled,        LANDevice_WLANConfiguration_MultiSSID_SSIDAdvertisementEnabled)
-ALIAS(WiFi_AccessPoint_AssociatedDeviceNumberOfEntries, by_network,              LANDevice_WLANConfiguration_AssociatedDeviceNumberOfEntries, LANDevice_WLANConfiguration_MultiSSID_AssociatedDeviceNumberOfEntries)
+PARAMETER(WiFi_AccessPoint_Status,                      access_point(renumbered(status("Enabled", "Disabled"))), read_only)
+PARAMETER(WiFi_AccessPoint_SSIDReference,               access_point(reference),                                 read_only)
+ALIAS(WiFi_AccessPoint_SSIDAdvertisementEnabled,        main_or_extra,                                           LANDevice_WLANConfiguration_SSIDAdvertisementEnabled,        LANDevice_WLANConfiguration_MultiSSID_SSIDAdvertisementEnabled)
+ALIAS(WiFi_AccessPoint_AssociatedDeviceNumberOfEntries, main_or_extra,                                           LANDevice_WLANConfiguration_AssociatedDeviceNumberOfEntries, LANDevice_WLANConfiguration_MultiSSID_AssociatedDeviceNumberOfEntries)
 
 PARAMETER(WiFi_AccessPoint_AssociatedDevice_MACAddress,     access_point(device({1, "mac", "LE1\n", "LE\n"})),            read_only)
 PARAMETER(WiFi_AccessPoint_AssociatedDevice_SignalStrength, access_point(device({1, "SignalStrength", "LE1\n", "LE\n"})), read_only)
 
-PARAMETER(WiFi_AccessPoint_Security_ModesSupported, access_point(modes_supported),    read_only)
-PARAMETER(WiFi_AccessPoint_Security_ModeEnabled,    access_point(encryption(kModes)), access_point(store_encryption(kModes, "failed to set encry.\n")))
-PARAMETER(WiFi_AccessPoint_Security_KeyPassphrase,  access_point(option("key", "")),  access_point(set_passphrase))
-PARAMETER(WiFi_AccessPoint_Security_EncryptionMode, access_point(constant("AES")),    read_only)
+PARAMETER(WiFi_AccessPoint_Security_ModesSupported, access_point(renumbered(modes_supported)), read_only)
+PARAMETER(WiFi_AccessPoint_Security_ModeEnabled,    access_point(encryption(kModes)),          access_point(store_encryption(kModes, "failed to set encry.\n")))
+PARAMETER(WiFi_AccessPoint_Security_KeyPassphrase,  access_point(own_option("key", "")),       access_point(set_passphrase))
+PARAMETER(WiFi_AccessPoint_Security_EncryptionMode, access_point(constant("AES")),             read_only)
 // clang-format on

@@ -1,54 +1,86 @@
 #include "associated_devices.hpp"
 
+#include "text.hpp"
+
 namespace kova {
 namespace {
 
-using Row = Text<12>;  // a host's section in the table
+constexpr LogMessage kNoHosts = "failed to get HINFO.\n";
 
-// The number of hosts, of a table made now if there is none. False when it cannot be read.
-bool read_host_count(Origin origin, int32_t& count) {
-  generate_host_info();
-  Text<16> text;
-  if (!read_state_option({"hosts", "info"}, "count", text.span())) {
-    constexpr LogMessage kNoCount = "failed to get HINFO.\n";
-    kNoCount.print(origin);
-    return false;
+// The hosts table, held open while a call looks at it. Its rows are sections that have numbers for names, from 1 to the
+// number of hosts, in any order and perhaps with gaps. As a text it is the number of hosts.
+class HostsTable : public StateOption {
+ public:
+  HostsTable() : StateOption({"hosts", "info"}, "count") {
+    if (*this) package_ = uci_lookup_package(context_.get(), "hosts");
   }
-  count = leading_number(text.c_str());
-  return true;
-}
 
-// The host's row when the network has seen it, else empty.
-Row row_on(const Network& network, int32_t host) {
-  Row row;
-  row.print("%d", host);
-  Text<32> interface;
-  const bool seen =
-      read_state_option({"hosts", row.c_str()}, "lay2if", interface.span()) && interface == network.section.name;
-  return seen ? row : Row();
-}
+  int32_t count() const { return leading_number(text()); }
+
+  // The network's devices among the rows up to this number.
+  int32_t devices(const Network& network, int32_t last) const {
+    int32_t devices = 0;
+    uci_element* section = nullptr;
+    uci_foreach_element(&package_->sections, section) {
+      if (is_row(section->name, last) && was_seen_on(network, uci_to_section(section))) ++devices;
+    }
+    return devices;
+  }
+
+  // The row of the device with this number in the network; nullptr when there is none.
+  uci_section* device(const Network& network, int32_t number) const {
+    int32_t last = count();
+    if (number < 1 || devices(network, last) < number) return nullptr;
+    for (int32_t first = 1; first < last;) {
+      const int32_t middle = first + (last - first) / 2;
+      if (devices(network, middle) < number) {
+        first = middle + 1;
+      } else {
+        last = middle;
+      }
+    }
+    Text<12> row;
+    row.print("%d", last);
+    return uci_lookup_section(context_.get(), package_, row.c_str());
+  }
+
+  // A string option of a row; nullptr when it is absent or a list.
+  const char* string(uci_section* row, const char* option) const {
+    return uci_lookup_option_string(context_.get(), row, option);
+  }
+
+ private:
+  static bool is_row(const char* name, int32_t last) {
+    if (!number_between(name, 1, last)) return false;
+    Text<12> row;
+    row.print("%d", leading_number(name));
+    return row == name;
+  }
+
+  bool was_seen_on(const Network& network, uci_section* row) const {
+    const char* interface = string(row, "lay2if");
+    return interface != nullptr && std::string_view(interface) == network.section.name;
+  }
+
+  uci_package* package_ = nullptr;
+};
 
 }  // namespace
 
 bool reply_device_count(Call& call, const Network& network) {
-  int32_t hosts = 0;
-  if (!read_host_count(call.origin(), hosts)) return false;
-  int32_t devices = 0;
-  for (int32_t before = 0; before < hosts; ++before) devices += row_on(network, before + 1).empty() ? 0 : 1;
-  return call.reply_number(devices);
+  generate_host_info();
+  const HostsTable hosts;
+  return hosts ? call.reply_number(hosts.devices(network, hosts.count())) : call.refuse(kNoHosts);
 }
 
 bool reply_device_field(Call& call, const Network& network, const DeviceField& field) {
-  int32_t hosts = 0;
-  if (!read_host_count(call.origin(), hosts)) return false;
-  int32_t rank = 0;
-  for (int32_t before = 0; before < hosts; ++before) {
-    const Row row = row_on(network, before + 1);
-    if (row.empty() || ++rank != call.instance(field.position)) continue;
-    if (uci_raw_extract_value_By_path("hosts", row.c_str(), field.option, call.output()) == 0) return true;
-    return call.refuse(field.no_option);
-  }
-  return call.refuse(field.no_device);
+  generate_host_info();
+  const HostsTable hosts;
+  if (!hosts) return call.refuse(kNoHosts);
+  uci_section* device = hosts.device(network, call.instance(field.position));
+  if (device == nullptr) return call.refuse(field.no_device);
+  const char* text = hosts.string(device, field.option);
+  return text != nullptr ? call.reply(text) : call.refuse(field.no_option);
 }
 
 }  // namespace kova

@@ -1,4 +1,5 @@
-// The hosts of the LAN that a wireless network has seen, in the order of the hosts table.
+// The devices of a wireless network: the hosts of the LAN that were seen on it, in the order of their numbers in the
+// hosts table.
 #pragma once
 
 #include "wireless.hpp"
@@ -9,7 +10,7 @@ bool reply_device_count(Call& call, const Network& network);
 
 // A parameter of an AssociatedDevice.
 struct DeviceField {
-  std::size_t position;  // of its instance number in the path
+  std::size_t position;  // of the device's instance number in the path
   const char* option;    // in the hosts table
   LogMessage no_device;
   LogMessage no_option;

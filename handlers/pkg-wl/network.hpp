@@ -1,6 +1,7 @@
-// Words for a wireless network, which the main and the extra networks of one tree and the access points of the other
-// share.
+// Words for a wireless network: the main and the extra networks of one tree, the access points of the other.
 #pragma once
+
+#include <span>
 
 #include "wireless.hpp"
 
@@ -11,21 +12,13 @@ bool set_ssid(Call& call, const Network& network, LogMessage failure);
 bool set_enabled(Call& call, const Network& network);
 bool set_passphrase(Call& call, const Network& network);
 bool set_advertised(Call& call, const Network& network);
-bool reply_status(Call& call, const Network& network);
+bool reply_status(Call& call, const Network& network, const char* up, const char* down);
 bool reply_counter(Call& call, const Network& network, interface_counter counter);
+bool reply_bssid(Call& call, const Network& network, LogMessage nothing);
 
-// The first line that a command prints about the network's interface, whose name it has a "%s" for; empty for none.
-// False without an interface.
+// Reads the first line that a command prints about the network's interface; empty when it prints none. The interface's
+// name takes the place of "%s". False when the network has no interface.
 bool ask_interface(const Network& network, const char* command, std::span<char> answer);
-
-// Replies such a line. Where there is none, `nothing` is logged and the fallback takes its place.
-struct Question {
-  const char* command;
-  std::size_t room;  // for the line, with its end
-  const char* fallback;
-  const char* unit;  // behind the reply
-};
-bool reply_about_interface(Call& call, const Network& network, const Question& question, LogMessage nothing);
 
 // ---- Getters and setters ----
 
@@ -37,16 +30,16 @@ constexpr auto store_ssid(LogMessage failure) {
   return [=](Call& call, const Network& network) { return set_ssid(call, network, failure); };
 }
 
+constexpr auto status(const char* up, const char* down) {
+  return [=](Call& call, const Network& network) { return reply_status(call, network, up, down); };
+}
+
 constexpr auto counter(interface_counter counter) {
   return [=](Call& call, const Network& network) { return reply_counter(call, network, counter); };
 }
 
-constexpr auto about_interface(Question question, LogMessage nothing) {
-  return [=](Call& call, const Network& network) { return reply_about_interface(call, network, question, nothing); };
-}
-
 constexpr auto bssid(LogMessage nothing) {
-  return about_interface({"iwinfo %s info | grep 'Access Point' | awk '{print $3}'", 100, "0:0:0:0:0:0", ""}, nothing);
+  return [=](Call& call, const Network& network) { return reply_bssid(call, network, nothing); };
 }
 
 }  // namespace kova

@@ -1,7 +1,9 @@
 // WiFi.Radio: what the radios can do; their settings are those of the other tree.
 #include <string.h>
 
+#include "command.hpp"
 #include "pkg-wl.h"
+#include "text.hpp"
 #include "wireless.hpp"
 
 namespace {
@@ -18,23 +20,23 @@ bool refuse_for(Call& call, const Radio& radio, LogMessage message) {
 // ---- Standards ----
 
 bool standards(Call& call, const Radio& radio) {
-  bool has_ax = false;
-  if (!read_ax(radio, has_ax)) return refuse_for(call, radio, kNoMode);
-  call.reply(radio.standards);
-  if (has_ax) strcat(call.output(), radio.ax_standard);
-  return true;
+  const Option modes(radio.section, kHardwareModes);
+  if (!modes) return refuse_for(call, radio, kNoMode);
+  return call.reply(has_ax(modes) ? radio.standards_with_ax : radio.standards);
 }
 
-// A standard is stored behind "11".
+// What a stored standard begins with.
 constexpr char kFamily[] = "11";
 
 bool standard(Call& call, const Radio& radio) {
-  if (!reply_option(call, radio.section, "hwmode")) return refuse_for(call, radio, kNoMode);
-  return reply_after(call, kFamily, "");
+  const Option mode(radio.section, "hwmode");
+  if (!mode) return refuse_for(call, radio, kNoMode);
+  const char* family = strstr(mode.text(), kFamily);
+  return call.reply(family != nullptr ? family + strlen(kFamily) : mode.text());
 }
 
 bool set_standard(Call& call, const Radio& radio) {
-  for (const char* mode : radio.mode_texts) {
+  for (const char* mode : radio.hwmodes) {
     if (strcmp(mode + strlen(kFamily), call.value()) != 0) continue;
     if (!write_option(radio.section, "hwmode", mode)) return refuse_for(call, radio, "failed to set %s hwm\n");
     return call.mark(APPLY_WLAN);
@@ -48,15 +50,13 @@ bool set_standard(Call& call, const Radio& radio) {
 
 bool widths(Call& call, const Radio& radio) {
   if (!radio.wide) return call.reply("Auto,20MHz,40MHz");
-  return call.reply(option_is(radio.section, "ht160", "1") ? "Auto,20MHz,40MHz,80MHz,160MHz"
-                                                           : "Auto,20MHz,40MHz,80MHz");
+  return call.reply(Option(radio.section, "ht160") == "1" ? "Auto,20MHz,40MHz,80MHz,160MHz" : "Auto,20MHz,40MHz,80MHz");
 }
 
-// The width in use, which the wireless service knows of the radio's main network.
+// The width in use, as the wireless service has it for the radio's main network.
 bool current_width(Call& call, const Radio& radio) {
   constexpr char kQuery[] = R"(ubus call wireless status '{"iface":"%s"}' | grep htbw | tr '"' ' ' | awk '{print $3}')";
-  Text<256> command;
-  command.print(kQuery, radio.main_network);
+  const CommandLine command(kQuery, radio.main_network);
   Text<100> stored;
   if (util_exec(command.c_str(), stored.data(), stored.capacity()) < 0) return call.refuse("GCOCBE.\n");
   const char* width = text_for(kWidths, stored.view());

@@ -5,6 +5,7 @@
 namespace kova {
 namespace {
 
+constexpr char kEncryption[] = "encryption";
 constexpr char kOpen[] = "none";
 constexpr char kDefaultPassphrase[] = "24681357";
 
@@ -12,49 +13,40 @@ constexpr SecurityTexts kPassphraseTexts{"11i", "", "AESEncryption", "PSKAuthent
 constexpr SecurityTexts kOpenTexts{"None", "None", "", ""};
 constexpr SecurityTexts kOtherTexts{"", "", "AESEncryption", ""};
 
-using Encryption = Text<128>;
-
-bool read_encryption(const Network& network, Encryption& encryption) {
-  return read_option(network.section, "encryption", encryption.span());
-}
-
-const SecurityTexts& texts_of(const Encryption& encryption) {
-  if (strstr(encryption.c_str(), "psk") != nullptr) return kPassphraseTexts;
+const SecurityTexts& texts_of(const Option& encryption) {
+  if (strstr(encryption.text(), "psk") != nullptr) return kPassphraseTexts;
   return encryption == kOpen ? kOpenTexts : kOtherTexts;
 }
 
-bool has_passphrase(const Network& network) {
-  Text<8> beginning;
-  return read_option(network.section, "key", beginning.span());
-}
+bool has_passphrase(const Network& network) { return static_cast<bool>(Option(network.section, "key")); }
 
 }  // namespace
 
 bool reply_security(Call& call, const Network& network, const char* SecurityTexts::*parameter) {
-  Encryption encryption;
-  if (!read_encryption(network, encryption)) return false;
-  return call.reply(texts_of(encryption).*parameter);
+  const Option encryption(network.section, kEncryption);
+  return encryption && call.reply(texts_of(encryption).*parameter);
 }
 
 bool reply_encryption(Call& call, const Network& network, std::span<const Pair> modes) {
-  Encryption encryption;
-  if (!read_encryption(network, encryption)) return false;
-  const char* mode = text_for(modes, encryption.view());
+  const Option encryption(network.section, kEncryption);
+  if (!encryption) return false;
+  const char* mode = text_for(modes, encryption.text());
   return call.reply(mode != nullptr ? mode : "");
 }
 
 bool set_encryption(Call& call, const Network& network, std::span<const Pair> modes, LogMessage unknown) {
   const char* encryption = stored_for(modes, call.value());
   if (encryption == nullptr) return call.refuse(unknown);
-  if (!write_option(network.section, "encryption", encryption)) return false;
+  if (!write_option(network.section, kEncryption, encryption)) return false;
   if (strcmp(encryption, kOpen) != 0 && !has_passphrase(network))
-    write_option(network.section, "key", kDefaultPassphrase);  // the encryption holds without it
-  return call.mark(network.bit);
+    write_option(network.section, "key", kDefaultPassphrase);  // the encryption is set even if this fails
+  return call.mark(network.bit());
 }
 
 bool accept_aes(Call& call, const Network& network, LogMessage accepted) {
-  Encryption encryption;
-  if (!call.value_is("AESEncryption") || !read_encryption(network, encryption) || encryption == kOpen) return false;
+  if (!call.value_is("AESEncryption")) return false;
+  const Option encryption(network.section, kEncryption);
+  if (!encryption || encryption == kOpen) return false;
   accepted.print(call.origin());
   return true;
 }

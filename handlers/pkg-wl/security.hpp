@@ -1,11 +1,11 @@
-// Encryption of a wireless network. The older tree knows two states, open or a WPA passphrase, whatever else is stored.
+// Encryption of a wireless network. The older tree sets two states alone: open, or WPA with a passphrase.
 #pragma once
 
 #include "wireless.hpp"
 
 namespace kova {
 
-// What the older tree's parameters make of a stored encryption.
+// What the older tree's parameters read for a stored encryption.
 struct SecurityTexts {
   const char* beacon;
   const char* basic_encryption;
@@ -36,12 +36,13 @@ constexpr auto encryption(std::span<const Pair> modes) {
 
 // ---- Setters ----
 
-// Writes the encryption that the mode stands for; one that needs a passphrase gets the default one, if there is none.
+// Writes the encryption that the mode stands for. A network that then needs a passphrase and has none gets the default
+// one.
 constexpr auto store_encryption(std::span<const Pair> modes, LogMessage unknown = {}) {
   return [=](Call& call, const Network& network) { return set_encryption(call, network, modes, unknown); };
 }
 
-// Accepts AES while the network is encrypted, and changes nothing.
+// Takes AES while the network is encrypted, and changes nothing.
 constexpr auto aes_only(LogMessage accepted) {
   return [=](Call& call, const Network& network) { return accept_aes(call, network, accepted); };
 }

@@ -1,16 +1,25 @@
 // LANDevice.WLANConfiguration: the main network of each radio, and the radio itself.
+#include <stdio.h>
 #include <string.h>
 #include <strings.h>
 
 #include "associated_devices.hpp"
+#include "channels.hpp"
 #include "network.hpp"
 #include "pkg-wl.h"
 #include "security.hpp"
+#include "text.hpp"
 #include "wireless.hpp"
 
 namespace {
 
 using namespace kova;
+
+// Replies a text of any length with its unit.
+bool reply_with_unit(Call& call, const char* text, const char* unit) {
+  sprintf(call.output(), "%s%s", text, unit);
+  return true;
+}
 
 // ---- Channel; automatic selection is channel 0 ----
 
@@ -21,20 +30,18 @@ bool channel(Call& call, const Network& network) {
   constexpr char kCurrent[] = "iwinfo %s freqlist | grep '*' | awk '{print $5}' | sed 's/)//g'";
   if (!ask_interface(network, kCurrent, current.span())) return false;
   if (!current.empty()) return call.reply(current.c_str());
-  if (!reply_option(call, network.radio->section, "channel")) return call.refuse("failed to get ch\n");
-  return strcmp(call.output(), "auto") != 0 || call.reply(kAutomatic);
+  const Option stored(network.radio->section, "channel");
+  if (!stored) return call.refuse("failed to get ch\n");
+  return call.reply(stored == "auto" ? kAutomatic : stored.text());
 }
 
 bool set_channel(Call& call, const Network& network) {
-  constexpr int kSupported = 1;
-  char* number = const_cast<char*>(call.value());  // of which that function only reads
-  if (GetChannelPoll(kSupported, nullptr, number, call.instances(), 0) != kSupported)
-    return call.refuse("invalid ch index\n\n");
+  if (!supports_channel(network.section, call.value())) return call.refuse("invalid ch index\n\n");
   return store_option(call, network.radio->section, "channel", call.value(), APPLY_WLAN, "failed to set ch\n\n");
 }
 
-// Whatever the radio lists, be it nothing.
-bool channels(Call& call, const Network&) {
+// Succeeds even when the radio cannot be asked, and then replies nothing.
+bool channels(Call& call, const Network& /*network*/) {
   GetChannelPoll(0, nullptr, call.output(), call.instances(), 0);
   return true;
 }
@@ -42,8 +49,8 @@ bool channels(Call& call, const Network&) {
 bool set_auto_channel(Call& call, const Radio& radio) {
   if (call.value_is("1")) return store_option(call, radio.section, "channel", kAutomatic, APPLY_WLAN);
   if (!call.value_is("0")) return false;
-  if (!option_is(radio.section, "channel", kAutomatic)) return true;
-  write_option(radio.section, "channel", radio.fixed_channel);  // to be applied even if it could not be stored
+  if (Option(radio.section, "channel") != kAutomatic) return true;
+  write_option(radio.section, "channel", radio.fixed_channel);  // the bit is set even if this fails
   return call.mark(APPLY_WLAN);
 }
 
@@ -56,12 +63,18 @@ bool set_transmit_power(Call& call, const Radio& radio) {
   return store_option(call, radio.section, "txpower", level, APPLY_WLAN, "failed to set txpwr\n");
 }
 
-// ---- Channel width ----
+// ---- Channel width and frequency ----
+
+// What stands before the width in a stored text.
+constexpr char kBeforeWidth[] = "ht";
 
 bool bandwidth(Call& call, const Radio& radio) {
-  if (!reply_option(call, radio.section, "htbw")) return call.refuse("uci get htbw error\n");
-  if (strcasecmp(call.output(), "auto") == 0) return call.reply("Auto");
-  return reply_after(call, "ht", "MHz");
+  const Option stored(radio.section, "htbw");
+  if (!stored) return call.refuse("uci get htbw error\n");
+  if (strcasecmp(stored.text(), "auto") == 0) return call.reply("Auto");
+  const char* width = strstr(stored.text(), kBeforeWidth);
+  if (width == nullptr) return call.reply(stored.text());
+  return reply_with_unit(call, width + strlen(kBeforeWidth), "MHz");
 }
 
 bool set_bandwidth(Call& call, const Radio& radio) {
@@ -72,8 +85,11 @@ bool set_bandwidth(Call& call, const Radio& radio) {
   return store_option(call, radio.section, "htbw", width, APPLY_WLAN, "failed to set bw.\n");
 }
 
-constexpr auto frequency(LogMessage nothing) {
-  return about_interface({"iwinfo %s freqlist | grep '*' | awk '{print $2}' ", 128, "0", "GHz"}, nothing);
+bool frequency(Call& call, const Network& network) {
+  Text<128> used;
+  if (!ask_interface(network, "iwinfo %s freqlist | grep '*' | awk '{print $2}' ", used.span())) return false;
+  if (used.empty()) LOG("failed to get freq. \n");
+  return reply_with_unit(call, used.empty() ? "0" : used.c_str(), "GHz");
 }
 
 // ---- WEP ----
@@ -81,17 +97,17 @@ constexpr auto frequency(LogMessage nothing) {
 constexpr Pair kWepModes[] = {{"SharedAuthentication", "shared"}, {"None", "open"}, {"Auto", "auto"}};
 
 bool wep_mode(Call& call, const Network& network) {
-  Text<8> stored;
-  if (!read_option(network.section, "encryption", stored.span())) return false;
-  if (!(stored == "wep")) return call.reply("");
-  if (!read_option(network.section, "wep_mode", stored.span())) return false;
-  const char* mode = text_for(kWepModes, stored.view());
+  const Option encryption(network.section, "encryption");
+  if (!encryption) return false;
+  if (encryption != "wep") return call.reply("");
+  const Option stored(network.section, "wep_mode");
+  const char* mode = stored ? text_for(kWepModes, stored.text()) : nullptr;
   return mode != nullptr && call.reply(mode);
 }
 
 bool set_wep_mode(Call& call, const Network& network) {
   const char* mode = stored_for(kWepModes, call.value());
-  return mode != nullptr && store_option(call, network.section, "wep_mode", mode, network.bit);
+  return mode != nullptr && store_option(call, network.section, "wep_mode", mode, network.bit());
 }
 
 }  // namespace
@@ -101,18 +117,18 @@ PARAMETER(LANDevice_LANWLANConfigurationNumberOfEntries, constant("2"), read_onl
 
 PARAMETER(LANDevice_WLANConfiguration_SSID,                     wlan(ssid("failed to get SSID\n\n")),   wlan(store_ssid("failed to get SSID\n\n")))
 PARAMETER(LANDevice_WLANConfiguration_Enable,                   wlan(unless("disabled")),               wlan(set_enabled))
-PARAMETER(LANDevice_WLANConfiguration_Status,                   wlan(reply_status),                     read_only)
+PARAMETER(LANDevice_WLANConfiguration_Status,                   wlan(status("Up", "Disabled")),         read_only)
 PARAMETER(LANDevice_WLANConfiguration_BSSID,                    wlan(bssid("failed to get BSSID. \n")), read_only)
 PARAMETER(LANDevice_WLANConfiguration_SSIDAdvertisementEnabled, wlan(unless("hidden")),                 wlan(set_advertised))
 
-PARAMETER(LANDevice_WLANConfiguration_Channel,                wlan(channel),                             wlan(set_channel))
-PARAMETER(LANDevice_WLANConfiguration_ChannelsInUse,          wlan(channels),                            read_only)
-PARAMETER(LANDevice_WLANConfiguration_AutoChannelEnable,      wlan_radio(when("channel", kAutomatic)),   wlan_radio(set_auto_channel))
-PARAMETER(LANDevice_WLANConfiguration_TransmitPowerSupported, wlan_radio(constant("{100,20,5}")),        read_only)
-PARAMETER(LANDevice_WLANConfiguration_TransmitPower,          wlan_radio(option("txpower", "100")),      wlan_radio(set_transmit_power))
-PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Bandwidth,       wlan_radio(bandwidth),                     wlan_radio(set_bandwidth))
-PARAMETER(LANDevice_WLANConfiguration_X_KOVA_FrequencyInuse,  wlan(frequency("failed to get freq. \n")), read_only)
-PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Band,            wlan_radio(reply_band),                    read_only)
+PARAMETER(LANDevice_WLANConfiguration_Channel,                wlan(channel),                            wlan(set_channel))
+PARAMETER(LANDevice_WLANConfiguration_ChannelsInUse,          wlan(channels),                           read_only)
+PARAMETER(LANDevice_WLANConfiguration_AutoChannelEnable,      wlan_radio(when("channel", kAutomatic)),  wlan_radio(set_auto_channel))
+PARAMETER(LANDevice_WLANConfiguration_TransmitPowerSupported, wlan_radio(constant("{100,20,5}")),       read_only)
+PARAMETER(LANDevice_WLANConfiguration_TransmitPower,          wlan_radio(own_option("txpower", "100")), wlan_radio(set_transmit_power))
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Bandwidth,       wlan_radio(bandwidth),                    wlan_radio(set_bandwidth))
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_FrequencyInuse,  wlan(frequency),                          read_only)
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Band,            wlan_radio(reply_band),                   read_only)
 
 PARAMETER(LANDevice_WLANConfiguration_TotalBytesSent,       wlan(counter(COUNTER_BYTES_SENT)),       read_only)
 PARAMETER(LANDevice_WLANConfiguration_TotalBytesReceived,   wlan(counter(COUNTER_BYTES_RECEIVED)),   read_only)
@@ -121,14 +137,14 @@ PARAMETER(LANDevice_WLANConfiguration_TotalPacketsReceived, wlan(counter(COUNTER
 PARAMETER(LANDevice_WLANConfiguration_TotalErrorsSent,      wlan(counter(COUNTER_ERRORS_SENT)),      read_only)
 PARAMETER(LANDevice_WLANConfiguration_TotalErrorsReceived,  wlan(counter(COUNTER_ERRORS_RECEIVED)),  read_only)
 
-PARAMETER(LANDevice_WLANConfiguration_BeaconType,              wlan(beacon_type),        wlan(store_encryption(kBeaconTypes)))
-PARAMETER(LANDevice_WLANConfiguration_BasicEncryptionModes,    wlan(basic_encryption),   wlan(store_encryption(kBasicEncryptions)))
-PARAMETER(LANDevice_WLANConfiguration_BasicAuthenticationMode, wlan(wep_mode),           wlan(set_wep_mode))
-PARAMETER(LANDevice_WLANConfiguration_WPAEncryptionModes,      wlan(wpa_encryption),     wlan(aes_only("AES only.\n")))
-PARAMETER(LANDevice_WLANConfiguration_WPAAuthenticationMode,   wlan(wpa_authentication), wlan(store_encryption(kWpaAuthentications)))
+PARAMETER(LANDevice_WLANConfiguration_BeaconType,              wlan(beacon_type),           wlan(store_encryption(kBeaconTypes)))
+PARAMETER(LANDevice_WLANConfiguration_BasicEncryptionModes,    wlan(basic_encryption),      wlan(store_encryption(kBasicEncryptions)))
+PARAMETER(LANDevice_WLANConfiguration_BasicAuthenticationMode, wlan(wep_mode),              wlan(set_wep_mode))
+PARAMETER(LANDevice_WLANConfiguration_WPAEncryptionModes,      wlan(wpa_encryption),        wlan(aes_only("AES only.\n")))
+PARAMETER(LANDevice_WLANConfiguration_WPAAuthenticationMode,   wlan(wpa_authentication),    wlan(store_encryption(kWpaAuthentications)))
 ALIAS(LANDevice_WLANConfiguration_IEEE11iEncryptionModes,      LANDevice_WLANConfiguration_WPAEncryptionModes)
 ALIAS(LANDevice_WLANConfiguration_IEEE11iAuthenticationMode,   LANDevice_WLANConfiguration_WPAAuthenticationMode)
-PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Password,         wlan(option("key", "")),  wlan(set_passphrase))
+PARAMETER(LANDevice_WLANConfiguration_X_KOVA_Password,         wlan(own_option("key", "")), wlan(set_passphrase))
 
 PARAMETER(LANDevice_WLANConfiguration_AssociatedDeviceNumberOfEntries,             wlan(reply_device_count),                  read_only)
 PARAMETER(LANDevice_WLANConfiguration_AssociatedDevice_AssociatedDeviceMACAddress, wlan(device({2, "mac", "LE\n", "LE2\n"})), read_only)

@@ -8,24 +8,21 @@ namespace {
 
 using namespace kova;
 
-constexpr Section kFirst{"wireless", "wlan00"};
-constexpr Section kSecond{"wireless", "wlan10"};
 constexpr Section kWps{"wireless", "wps"};
 
 constexpr Pair kSwitch[] = {{"1", "on"}, {"0", "off"}};
 constexpr std::size_t kPinLength = 8;
 
 bool store_in_both(Call& call, const char* option, const char* value) {
-  for (const Section& network : {kFirst, kSecond}) {
-    if (!write_option(network, option, value)) return false;
+  for (const Network& network : main_networks()) {
+    if (!write_option(network.section, option, value)) return false;
   }
   return call.mark(APPLY_WLAN);
 }
 
 bool enabled(Call& call) {
-  Text<8> stored;
-  if (!read_option(kFirst, "wps", stored.span())) return false;
-  return call.reply(stored == "on" ? "1" : "0");
+  const Option wps(main_networks().front().section, "wps");
+  return wps && call.reply(wps == "on" ? "1" : "0");
 }
 
 bool set_enabled(Call& call) {

@@ -31,6 +31,11 @@ class Scripted final : public seam::Platform {
     return status != nullptr ? *status : run(command);
   }
 
+  int statfs(const char* path, struct statfs* status) override {
+    if (!seams().file_system) return Platform::statfs(path, status);
+    *status = *seams().file_system;
+    return 0;
+  }
   uci_context* uci_alloc_context() override {
     return seams().config_context_fails ? nullptr : Platform::uci_alloc_context();
   }

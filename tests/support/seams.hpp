@@ -2,7 +2,10 @@
 // a test has told otherwise.
 #pragma once
 
+#include <sys/vfs.h>
+
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +23,9 @@ struct Seams {
   bool popen_fails = false;
   // system: the status to return in place of running the command; nullptr runs it.
   std::function<const int*(const std::string& command)> system_status;
+
+  // statfs: what every file system says of itself.
+  std::optional<struct statfs> file_system;
 
   // uci_alloc_context: out of memory.
   bool config_context_fails = false;
