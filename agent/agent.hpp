@@ -23,12 +23,14 @@ using Warn = std::function<void(const std::string&)>;
 class Agent {
  public:
   // `fields` are of the agent's record.
-  Agent(const std::string& plugin_file, const nlohmann::json& fields, Warn warn)
+  Agent(const std::string& plugin_file, const nlohmann::json& fields, Warn warn = {})
       : plugin_(plugin_file), fields_(fields), record_(fields), warn_(std::move(warn)) {}
 
   const Plugin& plugin() const { return plugin_; }
   const nlohmann::json& fields() const { return fields_; }
-  void warn(const std::string& text) const { warn_(text); }
+  void warn(const std::string& text) const {
+    if (warn_) warn_(text);
+  }
 
   // The parameter's value, or the fault.
   std::variant<std::string, Fault> get(const Parameter& parameter);
