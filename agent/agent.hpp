@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -16,14 +17,20 @@ namespace kovadm {
 // The numbers as handlers expect them: padded with zeros, for those that read one more than the path has.
 std::vector<int32_t> instance_array(const Parameter& parameter);
 
+// What is odd about a device, in one line.
+using Warn = std::function<void(const std::string&)>;
+
 class Agent {
  public:
   // `fields` are of the agent's record.
-  Agent(const std::string& plugin_file, const nlohmann::json& fields)
-      : plugin_(plugin_file), fields_(fields), record_(fields) {}
+  Agent(const std::string& plugin_file, const nlohmann::json& fields, Warn warn = {})
+      : plugin_(plugin_file), fields_(fields), record_(fields), warn_(std::move(warn)) {}
 
   const Plugin& plugin() const { return plugin_; }
   const nlohmann::json& fields() const { return fields_; }
+  void warn(const std::string& text) const {
+    if (warn_) warn_(text);
+  }
 
   // The parameter's value, or the fault.
   std::variant<std::string, Fault> get(const Parameter& parameter);
@@ -35,6 +42,7 @@ class Agent {
   Plugin plugin_;
   nlohmann::json fields_;
   AgentRecord record_;
+  Warn warn_;
 };
 
 }  // namespace kovadm

@@ -54,8 +54,8 @@ int explain(Agent& agent, const std::string& path, Output& output);
 // Tells what one set of the parameter does to the platform in use; see explain_on_copy().
 int explain(Agent& agent, const Setting& setting, Output& output);
 
-// The same to a copy of this machine's stores, so that nothing is left changed: no command is run but those whose output
-// is read, and what they change of the stores is put back.
+// The same to a copy of this machine's stores, so that nothing is left changed: no command is run but those whose
+// output is read, and what they change of the stores is put back.
 int explain_on_copy(Agent& agent, const Setting& setting, Output& output);
 
 }  // namespace kovadm

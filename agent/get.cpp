@@ -26,20 +26,22 @@ class Reader {
     const auto fault = walk(agent_, prefix, [this](const Parameter& parameter) {
       // Some take a while.
       progress_.show(std::to_string(++count_) + " " + parameter.path);
-      read(parameter);
+      return read(parameter);
     });
     if (fault) output_.fault(*fault);
   }
 
  private:
-  void read(const Parameter& parameter) {
+  bool read(const Parameter& parameter) {
     const auto answer = agent_.get(parameter);
     progress_.clear();
-    if (const auto* value = std::get_if<std::string>(&answer)) {
+    const auto* value = std::get_if<std::string>(&answer);
+    if (value != nullptr) {
       output_.value(parameter.path, *value);
     } else {
       output_.fault(std::get<Fault>(answer));
     }
+    return value != nullptr;
   }
 
   Agent& agent_;

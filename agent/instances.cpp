@@ -1,5 +1,9 @@
 #include "instances.hpp"
 
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
 namespace kovadm {
 namespace {
 
@@ -16,6 +20,16 @@ std::string irregular_counter(const std::string& table) {
   return "";
 }
 
+// As far as instance numbers go.
+std::optional<int32_t> count_in(const std::string& text) {
+  constexpr uint64_t kMost = std::numeric_limits<int32_t>::max();
+  uint64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc::result_out_of_range) return kMost;
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return static_cast<int32_t>(std::min(number, kMost));
+}
+
 std::optional<int32_t> read_counter(Agent& agent, const std::string& table) {
   auto counter = find_parameter(table + "NumberOfEntries");
   if (!counter) counter = find_parameter(irregular_counter(table));
@@ -23,7 +37,7 @@ std::optional<int32_t> read_counter(Agent& agent, const std::string& table) {
   const auto value = agent.get(*counter);
   const auto* text = std::get_if<std::string>(&value);
   // A counter that comes from a file may have its line's end.
-  return text != nullptr ? instance_number(text->substr(0, text->find('\n'))) : std::nullopt;
+  return text != nullptr ? count_in(text->substr(0, text->find('\n'))) : std::nullopt;
 }
 
 bool answers(Agent& agent, const Parameter& parameter) {

@@ -6,7 +6,6 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
-#include <set>
 #include <system_error>
 
 #include "arguments.hpp"
@@ -33,9 +32,8 @@ Recording record_like(const Recording& other, const Arguments& arguments, Output
   need_router();
   Recording recording;
   recording.prefixes = other.prefixes;
-  std::set<std::string> replaced;
-  Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state));
-  make_recording(agent, recording, replaced, output);
+  Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state), output.to_warn());
+  make_recording(agent, recording, output);
   return recording;
 }
 
@@ -66,9 +64,11 @@ int run_command(Agent& agent, const Arguments& arguments, Output& output) {
 int run_replay(const Arguments& arguments) {
   if (arguments.set.apply) throw SetupError("--apply runs commands, and a replay runs none");
   Recording recording = read_recording(arguments.replay);
-  Agent agent(arguments.plugin, arguments.agent_state.empty() ? nlohmann::json(recording.agent)
-                                                              : read_agent_fields(arguments.agent_state));
   Output output(arguments.json);
+  Agent agent(
+      arguments.plugin,
+      arguments.agent_state.empty() ? nlohmann::json(recording.agent) : read_agent_fields(arguments.agent_state),
+      output.to_warn());
   RecordedPlatform platform(recording, RecordedPlatform::Source::RECORDING,
                             [&](const std::string& what) { output.not_recorded(what); });
   const seam::InUse in_use(platform);
@@ -83,8 +83,8 @@ int run(const Arguments& arguments) {
   if (command == "diff") return run_diff(arguments);
   if (!arguments.replay.empty()) return run_replay(arguments);
   need_router();
-  Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state));
   Output output(arguments.json);
+  Agent agent(arguments.plugin, read_agent_fields(arguments.agent_state), output.to_warn());
   return run_command(agent, arguments, output);
 }
 

@@ -100,6 +100,8 @@ std::string nearest_path(std::string_view path) {
   for (const std::string& candidate : known) {
     // For a parameter's path, an object is meant only when nothing but its dot is missing.
     if (candidate.ends_with('.') && !wanted.ends_with('.') && candidate != wanted + '.') continue;
+    // So much longer, it differs in half of its letters whatever they are.
+    if (wanted.size() > 2 * candidate.size()) continue;
     const std::size_t distance =
         std::min(edit_distance(wanted, candidate), names_distance(components, split_path(candidate)));
     if (distance >= least) continue;

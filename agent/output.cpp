@@ -40,6 +40,12 @@ Json to_json(const Fault& fault) {
   return json;
 }
 
+bool add_once(std::vector<std::string>& list, const std::string& text) {
+  if (std::find(list.begin(), list.end(), text) != list.end()) return false;
+  list.push_back(text);
+  return true;
+}
+
 }  // namespace
 
 std::string one_line(const std::string& text) {
@@ -75,15 +81,16 @@ void Output::take_printed() {
 }
 
 // Not at once: while it is found out, what is written to standard error may be caught.
-void Output::tell_not_recorded() {
-  for (; told_not_recorded_ < not_recorded_.size(); ++told_not_recorded_) {
-    if (!json_) put_line(stderr, "not recorded: " + one_line(not_recorded_[told_not_recorded_]));
+void Output::tell_notes() {
+  for (const std::string& note : notes_) {
+    if (!json_) put_line(stderr, one_line(note));
   }
+  notes_.clear();
 }
 
 void Output::line(const std::string& text) {
   take_printed();
-  tell_not_recorded();
+  tell_notes();
   if (!json_) put_line(file_.get(), text);
 }
 
@@ -93,7 +100,7 @@ void Output::value(const std::string& path, const std::string& value) {
 }
 
 void Output::fault(const Fault& fault) {
-  tell_not_recorded();
+  tell_notes();
   faults_.push_back(to_json(fault));
   if (!json_) put_line(stderr, to_text(fault));
 }
@@ -105,13 +112,18 @@ void Output::failure(const std::string& text) {
 
 void Output::not_recorded(const std::string& what) {
   failed_ = true;
-  if (std::find(not_recorded_.begin(), not_recorded_.end(), what) == not_recorded_.end()) not_recorded_.push_back(what);
+  if (add_once(not_recorded_, what)) notes_.push_back("not recorded: " + what);
+}
+
+void Output::warning(const std::string& text) {
+  if (add_once(warnings_, text)) notes_.push_back("warning: " + text);
 }
 
 int Output::finish(int success) {
   take_printed();
-  tell_not_recorded();
+  tell_notes();
   if (!not_recorded_.empty()) document_["not_recorded"] = not_recorded_;
+  if (!warnings_.empty()) document_["warnings"] = warnings_;
   if (!document_.contains("printed")) document_["printed"] = printed_;
   document_["faults"] = faults_;
   // Values are bytes of the device's; what is no UTF-8 is replaced.

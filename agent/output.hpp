@@ -34,6 +34,13 @@ class Output {
   // What a recording has no answer for, and therefore failed; told once.
   void not_recorded(const std::string& what);
 
+  // What is odd without being a failure; told once.
+  void warning(const std::string& text);
+  // For those who know of no output.
+  auto to_warn() {
+    return [this](const std::string& text) { warning(text); };
+  }
+
   // Ends the output. Returns the exit status: 1 after a fault or a failure, else `success`. Throws std::system_error
   // when standard output did not take everything.
   int finish(int success = 0);
@@ -44,7 +51,7 @@ class Output {
   };
 
   void take_printed();
-  void tell_not_recorded();
+  void tell_notes();
 
   bool json_;
   bool failed_ = false;
@@ -54,7 +61,8 @@ class Output {
   Json document_ = Json::object();
   Json faults_ = Json::array();
   std::vector<std::string> not_recorded_;
-  std::size_t told_not_recorded_ = 0;
+  std::vector<std::string> warnings_;
+  std::vector<std::string> notes_;  // lines that wait to be told
 };
 
 // Control characters as \n, \t, \x1b and a backslash as \\, so that every text takes one line and stays told apart.

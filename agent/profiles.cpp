@@ -59,10 +59,11 @@ Answers ask(Agent& agent, const std::vector<Profile>& chosen) {
   for (const std::string& object : objects) {
     walk(agent, object, [&](const Parameter& parameter) {
       const auto answer = answers.find(catalogue_path(parameter.path));
-      if (answer == answers.end() || answer->second == Answer::FAULT) return;
+      if (answer == answers.end() || answer->second == Answer::FAULT) return true;
       progress.show(parameter.path);
       const bool answered = std::holds_alternative<std::string>(agent.get(parameter));
       answer->second = answered ? Answer::ANSWERS : Answer::FAULT;
+      return answered;
     });
   }
   return answers;

@@ -38,6 +38,10 @@ class Router final : public Bus {
     if (*mode == 'r') asked.insert(path);
     return Platform::fopen(path, mode);
   }
+  uci_context* uci_alloc_context() override {
+    directory_ = seam::kMainStore;
+    return Platform::uci_alloc_context();
+  }
   int uci_set_confdir(uci_context* context, const char* directory) override {
     directory_ = directory;
     return Platform::uci_set_confdir(context, directory);
@@ -53,7 +57,7 @@ class Router final : public Bus {
   int pipes = 0;           // that are open
 
  private:
-  std::string directory_ = seam::kMainStore;
+  std::string directory_;  // of the store, as last set
 };
 
 Router router;

@@ -100,9 +100,23 @@ TEST_F(Kovadm, SignalsEndItAndNoFallbackIsReadInstead) {
     EXPECT_EQ(WEXITSTATUS(run(get)), 128 + SIGTERM);
     EXPECT_EQ(contents("/root/out"), "");
   }
-  EXPECT_EQ(
-      WEXITSTATUS(run("timeout -s TERM 1 kovadm --plugin " SIGNAL_TAKER " get Device.DeviceInfo.UpTime; exit $?")),
-      128 + SIGTERM);
+  EXPECT_EQ(WEXITSTATUS(run("timeout -s TERM 1 kovadm --plugin " ODD_PLUGIN " get Device.DeviceInfo.UpTime; exit $?")),
+            128 + SIGTERM);
+}
+
+TEST_F(Kovadm, WhatADeviceSaysIsBelievedWithinBounds) {
+  const std::tuple<std::string, size_t, size_t, std::string> tables[] = {
+      {"Device.LEDs.LED", 512, 512, "a table has 512 rows at most"},
+      {"Device.Users.User", 0, 4 * 2, "no row answers from 1 on"}};
+  for (const auto& [table, values, faults, why] : tables) {
+    const std::string walk = "--plugin " ODD_PLUGIN " walk " + table + ".";
+    const std::string warning = table + " says it has 2147483647: " + why;
+    const json document = kovadm("--json " + walk).document();
+    EXPECT_EQ(document["values"].size(), values) << table;
+    EXPECT_EQ(document["faults"].size(), faults) << table;
+    EXPECT_EQ(document["warnings"], json{warning});
+    EXPECT_TRUE(kovadm(walk).error.ends_with("warning: " + warning + "\n"));
+  }
 }
 
 TEST_F(Kovadm, LooksWhereItsOutputGoes) {

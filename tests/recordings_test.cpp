@@ -27,8 +27,11 @@ std::vector<std::string> steady(const Finished& walk) {
   return lines;
 }
 
+// What is the router's, and not a build's below /tmp.
+#define ROUTER "$(ls -d /etc/config /tmp/* 2>/dev/null | grep -vxF \"$KOVA_LAB_KEEP\")"
+
 // Leaves nothing that a replay could ask instead of its recording.
-void leave_no_router() { run("rm -rf /etc/config /etc/profile.d /etc/lab /usr/bin/tr069 /var/run/4g /tmp/*"); }
+void leave_no_router() { run("rm -rf /etc/profile.d /etc/lab /usr/bin/tr069 /var/run/4g " ROUTER); }
 
 TEST_F(Kovadm, AReplayGivesTheTextsOfTheRouterWhereThereIsNone) {
   const std::tuple<const char*, const char*, std::string> modes[] = {{"dhcp", "nr5g-sa", kMost},
@@ -46,7 +49,7 @@ TEST_F(Kovadm, AReplayGivesTheTextsOfTheRouterWhereThereIsNone) {
     const Finished replay = kovadm("--replay " RECORDING " walk" + below);
     EXPECT_EQ(replay.status, 0) << replay.error;
     EXPECT_EQ(steady(replay), live) << protocol << " " << modem;
-    EXPECT_EQ(run("test -z \"$(ls -d /etc/config /tmp/* 2>/dev/null)\""), 0);
+    EXPECT_EQ(run("test -z \"" ROUTER "\""), 0);
   }
 }
 
@@ -66,7 +69,7 @@ TEST_F(Kovadm, AReplayOfARequestToldWhatTheRouterTells) {
     const Finished replay = kovadm(std::string("--replay " RECORDING " ") + command);
     EXPECT_EQ(replay.out + replay.error, live.out + live.error);
     EXPECT_EQ(replay.status, live.status) << command;
-    EXPECT_EQ(run("test -z \"$(ls -d /etc/config /tmp/* 2>/dev/null)\""), 0);
+    EXPECT_EQ(run("test -z \"" ROUTER "\""), 0);
   }
 }
 
@@ -101,6 +104,32 @@ and-a-tail"; option name 'kept  '
                       "\toption empty_password ''",
                       ""};
   EXPECT_EQ(json::parse(text)["directories"]["/etc/config"]["extra"], extra);
+}
+
+TEST_F(Kovadm, ARecordingIsItsOwnersAndFollowsNoLink) {
+  write_file("/root/theirs", "before");
+  run("chmod 644 /root/theirs; ln -sf theirs /root/link; cp /root/theirs " RECORDING
+      "; mkfifo /root/fifo; "
+      "ln -s /etc/passwd /etc/config/linked; mv /tmp/diag /root; ln -s /root/diag /tmp/diag; echo it >/root/diag/it");
+  const json record = kovadm("record --json --with-secrets " RECORDING " Device.Users.").document();
+  EXPECT_EQ(record["left_out"], (json{"/etc/config/linked", "/tmp/diag"}));
+  EXPECT_EQ(run("test \"$(stat -c %a " RECORDING ")\" = 600 && grep -q admin-secret " RECORDING), 0);
+  EXPECT_NE(run("grep -e root:x -e '\"it' " RECORDING), 0);
+  const std::string good = *contents(RECORDING);
+  for (const auto& [command, message] : {std::pair{"record /root/link", "/root/link is a link: name the file itself"},
+                                         {"record /root/fifo", "/root/fifo is no plain file: name another one"},
+                                         {"record ''", "a recording needs a file's name"},
+                                         {"record /root/none/file", "/root/none/file: No such file or directory"}}) {
+    const Finished refused = kovadm(std::string(command) + " Device.Users.");
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.error, std::string("kovadm: ") + message + "\n");
+  }
+  EXPECT_EQ(WEXITSTATUS(run("(trap '' XFSZ; ulimit -f 1; kovadm record " RECORDING " 2>/dev/null)")), 2);
+  EXPECT_EQ(contents(RECORDING), good);
+  EXPECT_EQ(contents("/root/theirs"), "before");
+  EXPECT_EQ(
+      run("test -z \"$(ls " RECORDING ".* 2>/dev/null)\"; rm -r /root/fifo /root/link /etc/config/linked /tmp/diag"),
+      0);
 }
 
 TEST_F(Kovadm, AFileThatIsNoRecordingIsRefusedInOneLine) {

@@ -89,7 +89,7 @@ TEST_F(WirelessService, AWidthInUseIsOneOfTheRadios) {
 }
 
 TEST_F(WirelessService, ANetworkThatIsSwitchedOffIsGone) {
-  if (!has_network()) GTEST_SKIP() << "the router runs in place, without interfaces";
+  if (!has_network()) GTEST_SKIP() << "the router has no interfaces here";
   EXPECT_EQ(text(WiFi_AccessPoint_Status, {3, 0}), "Enabled");
   EXPECT_EQ(text(MULTI(BSSID), {1, 1}), "02:A4:F1:00:00:11");
   EXPECT_EQ(text(MULTI(AssociatedDeviceNumberOfEntries), {1, 1}), "1");

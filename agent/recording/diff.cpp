@@ -25,9 +25,9 @@ struct Cause {
 // A recorded device, and what it answers.
 class Device {
  public:
-  Device(Recording recording, const std::string& plugin)
+  Device(Recording recording, const std::string& plugin, Output& output)
       : recording_(std::move(recording)),
-        agent_(plugin, recording_.agent),
+        agent_(plugin, recording_.agent, output.to_warn()),
         platform_(recording_, RecordedPlatform::Source::RECORDING) {}
 
   const Recording& recording() const { return recording_; }
@@ -262,12 +262,12 @@ int diff(Recording before, Recording after, const std::string& plugin, Output& o
   const std::vector<std::string> prefixes = common_prefixes(before, after);
   if (before.with_secrets != after.with_secrets) {
     for (Recording* recording : {&before, &after}) {
-      Agent agent(plugin, recording->agent);
+      Agent agent(plugin, recording->agent, output.to_warn());
       remove_secrets(agent, *recording, output);
     }
   }
-  Device a(std::move(before), plugin);
-  Device b(std::move(after), plugin);
+  Device a(std::move(before), plugin, output);
+  Device b(std::move(after), plugin, output);
   a.read(prefixes, output);
   b.read(prefixes, output);
   const std::vector<Cause> causes = find_causes(a, b);

@@ -29,6 +29,7 @@ std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& pref
     progress.show(std::to_string(readings.size() + 1) + " " + parameter.path);
     const bool watched = secrets != nullptr && is_secret(*parameter.row);
     readings.push_back({parameter, watched ? read_secret(agent, parameter, *secrets) : read(agent, parameter)});
+    return readings.back().value.has_value();
   };
   for (const std::string& prefix : prefixes.empty() ? std::vector<std::string>{""} : prefixes) {
     if (const auto fault = walk(agent, prefix, visit)) output.fault(*fault);

@@ -1,12 +1,8 @@
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <ctime>
-#include <system_error>
 #include <tuple>
 
 #include "commands.hpp"
+#include "recording/own_file.hpp"
 #include "recording/reading.hpp"
 #include "recording/replay.hpp"
 
@@ -22,33 +18,6 @@ std::string now() {
   return text;
 }
 
-// A file for its owner alone; until it is written, one that was there stays as it was.
-class OutputFile {
- public:
-  explicit OutputFile(const std::string& path)
-      : path_(path), descriptor_(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
-    if (descriptor_ < 0) fail();
-  }
-  ~OutputFile() { close(descriptor_); }
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
-
-  void write(const std::string& text) const {
-    if (ftruncate(descriptor_, 0) != 0 && errno != EINVAL) fail();  // a device has no length
-    for (std::size_t written = 0; written < text.size();) {
-      const ssize_t length = ::write(descriptor_, text.data() + written, text.size() - written);
-      if (length < 0) fail();
-      written += static_cast<std::size_t>(length);
-    }
-  }
-
- private:
-  [[noreturn]] void fail() const { throw std::system_error(errno, std::generic_category(), path_); }
-
-  std::string path_;
-  int descriptor_;
-};
-
 std::size_t count_files(const Recording& recording) {
   std::size_t count = recording.files.size() + recording.tested.size();
   for (const auto& [directory, files] : recording.directories) count += files.size();
@@ -57,28 +26,28 @@ std::size_t count_files(const Recording& recording) {
 
 }  // namespace
 
-std::size_t make_recording(Agent& agent, Recording& recording, std::set<std::string>& replaced, Output& output) {
+Made make_recording(Agent& agent, Recording& recording, Output& output) {
   recording.time = now();
   recording.agent = agent.fields();
   RecordedPlatform platform(recording, RecordedPlatform::Source::MACHINE);
   const seam::InUse in_use(platform);
   Secrets secrets;
-  const std::size_t count =
-      read_all(agent, recording.prefixes, output, recording.with_secrets ? nullptr : &secrets).size();
-  if (!recording.with_secrets) replaced = secrets.replace_in(recording);
-  return count;
+  Made made;
+  made.parameters = read_all(agent, recording.prefixes, output, recording.with_secrets ? nullptr : &secrets).size();
+  made.left_out = platform.left_out();
+  if (!recording.with_secrets) made.replaced = secrets.replace_in(recording);
+  return made;
 }
 
 int record(Agent& agent, const std::string& file, const std::vector<std::string>& prefixes, bool with_secrets,
            Output& output) {
-  const OutputFile target(file);
+  expect_to_write(file);
   Recording recording;
   recording.prefixes = prefixes;
   recording.with_secrets = with_secrets;
-  std::set<std::string> replaced;
-  const std::size_t parameters = make_recording(agent, recording, replaced, output);
-  target.write(to_text(recording));
-  const std::tuple<const char*, const char*, std::size_t> counts[] = {{"parameters", "", parameters},
+  const Made made = make_recording(agent, recording, output);
+  write_own_file(file, to_text(recording));
+  const std::tuple<const char*, const char*, std::size_t> counts[] = {{"parameters", "", made.parameters},
                                                                       {"commands", "", recording.commands.size()},
                                                                       {"files", "", count_files(recording)},
                                                                       {"bus", " answers", recording.bus.size()}};
@@ -88,8 +57,10 @@ int record(Agent& agent, const std::string& file, const std::vector<std::string>
     output.document()[what] = count;
   }
   output.line(told);
-  for (const std::string& secret : replaced) output.line("replaced: " + secret);
-  output.document()["replaced"] = replaced;
+  for (const std::string& link : made.left_out) output.line("left out: " + one_line(link) + " (a link)");
+  for (const std::string& secret : made.replaced) output.line("replaced: " + secret);
+  output.document()["left_out"] = made.left_out;
+  output.document()["replaced"] = made.replaced;
   return output.finish();
 }
 

@@ -59,8 +59,17 @@ int not_there() {
 
 // ---- Asking the machine ----
 
+// A file's path, or its directory's, where that is a link; else nothing.
+std::string link_to(const fs::path& file) {
+  for (const fs::path& path : {file.parent_path(), file}) {
+    if (fs::is_symlink(path)) return path;
+  }
+  return "";
+}
+
 // A file of the machine's as it was, or not at all; whole at any time.
-void put_back(const fs::path& path, const std::optional<std::string>& text) {
+void put_back(const fs::path& changed, const std::optional<std::string>& text) {
+  const fs::path path = fs::weakly_canonical(changed);
   if (!text) {
     fs::remove(path);
     return;
@@ -78,7 +87,7 @@ CommandAnswer watch(RecordedPlatform::Source source, Run run) {
   CommandAnswer answer;
   run(answer);
   for (const auto& [path, before, after] : seam::differences(start, seam::kept_files(seam::machine()))) {
-    answer.changed[path] = after;
+    if (link_to(path).empty()) answer.changed[path] = after;
     if (source == RecordedPlatform::Source::TRIAL) put_back(path, before);
   }
   return answer;
@@ -153,10 +162,16 @@ RecordedPlatform::RecordedPlatform(Recording& recording, Source source, std::fun
 
 void RecordedPlatform::read_directories() {
   for (const char* directory : seam::kKeptDirectories) {
-    if (fs::is_directory(directory)) recording_.directories[directory];
+    if (fs::is_directory(fs::symlink_status(directory))) recording_.directories[directory];
   }
-  for (const auto& [path, text] : seam::kept_files(seam::machine()))
-    recording_.directories[fs::path(path).parent_path()][fs::path(path).filename()] = text;
+  for (const auto& [path, text] : seam::kept_files(seam::machine())) {
+    const std::string link = link_to(path);
+    if (link.empty()) {
+      recording_.directories[fs::path(path).parent_path()][fs::path(path).filename()] = text;
+    } else {
+      left_out_.insert(link);
+    }
+  }
 }
 
 void RecordedPlatform::write_files() const {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 
 #include "recording/recording.hpp"
@@ -20,6 +21,9 @@ class RecordedPlatform final : private seam::WorkDirectory, public seam::Placed 
 
   // With Source::RECORDING what has no answer counts as failing, and `missing` is told what that is.
   RecordedPlatform(Recording& recording, Source source, std::function<void(const std::string&)> missing = {});
+
+  // The links among the machine's files: where they lead is no matter of a recording.
+  const std::set<std::string>& left_out() const { return left_out_; }
 
   FILE* popen(const char* command, const char* mode) override;
   int pclose(FILE* pipe) override;
@@ -50,6 +54,7 @@ class RecordedPlatform final : private seam::WorkDirectory, public seam::Placed 
   Recording& recording_;
   Source source_;
   std::function<void(const std::string&)> missing_;
+  std::set<std::string> left_out_;
   std::map<FILE*, int> pipes_;        // the exit statuses of their commands
   std::vector<std::string> objects_;  // of the bus; identified by number, from 1
 };

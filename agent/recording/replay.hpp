@@ -14,9 +14,15 @@ namespace kovadm {
 // Reads a recording's file. Throws SetupError.
 Recording read_recording(const std::string& file);
 
-// Records what is below the recording's prefixes on this machine, with or without secrets as it says; adds to
-// `replaced` what was replaced. Returns the number of parameters.
-std::size_t make_recording(Agent& agent, Recording& recording, std::set<std::string>& replaced, Output& output);
+// What there is to tell of a recording that was made.
+struct Made {
+  std::size_t parameters = 0;
+  std::set<std::string> left_out;  // links, by path
+  std::set<std::string> replaced;  // secrets
+};
+
+// Records what is below the recording's prefixes on this machine, with or without secrets as it says.
+Made make_recording(Agent& agent, Recording& recording, Output& output);
 
 // Has the secrets replaced in a recording that keeps them.
 void remove_secrets(Agent& agent, Recording& recording, Output& output);

@@ -16,17 +16,36 @@ bubblewrap_refusal() {
   return 1
 }
 
-enter_bubblewrap() {
-  local place view=(
-    --bind "$device" / "${namespaces[@]}" --ro-bind "$device/rom" /rom --ro-bind "$applets" /bin
-    --ro-bind /usr/lib /usr/lib --ro-bind-try /usr/lib64 /usr/lib64
-    --ro-bind-try /usr/libexec/valgrind /usr/libexec/valgrind
-    --ro-bind "$tools" "$tools" --ro-bind "$build" "$build"
-  )
-  for place in "${!programs[@]}"; do
-    view+=(--ro-bind "${programs[$place]}" "$place")
+# show HERE [PLACE]: of this machine's, what the router has to read.
+show() {
+  if [[ -d $1 ]]; then
+    directory_inside "${2:-$1}"
+  else
+    file_inside "${2:-$1}"
+  fi
+  view+=(--ro-bind "$1" "${2:-$1}")
+}
+view=()
+
+furnish_for_bubblewrap() {
+  local place
+  directory_inside /proc
+  directory_inside /dev
+  show "$device/rom" /rom
+  show "$applets" /bin
+  for place in /usr/lib /usr/lib64 /usr/libexec/valgrind "$tools" "$build"; do
+    [[ ! -d $place ]] || show "$place"
   done
-  [[ -z $emulator ]] || view+=(--ro-bind "$emulator" "$emulator" --ro-bind "$foreign_root" "$foreign_root")
+  for place in "${!programs[@]}"; do
+    show "${programs[$place]}" "$place"
+  done
+  if [[ $emulator ]]; then
+    show "$emulator"
+    show "$foreign_root"
+  fi
+}
+
+enter_bubblewrap() {
   environment+=(KOVA_LAB_NETWORK=own)
-  run "$(find_tool bwrap)" "${view[@]}" --chdir / -- /bin/sh /sbin/lab-init "$@"
+  run "$(find_tool bwrap)" --bind "$device" / "${namespaces[@]}" "${view[@]}" --chdir / -- /bin/sh /sbin/lab-init "$@"
 }

@@ -4,7 +4,7 @@
 # Only a directory with this file in it is a router's, and ever changed, emptied or removed. It says which of the lab's
 # files the router was made from.
 marker=.kova-router
-is_router() { [[ -f $1/$marker ]]; }
+is_router() { [[ -f $1/$marker && ! -L $1/$marker ]]; }
 
 router_files() {
   tar -C "$lab/router" --sort=name --mtime=@0 --owner=0 --group=0 --numeric-owner --mode=go= -cf - . | sha256sum
@@ -92,9 +92,11 @@ in_use=
 
 # What changes with the build and the sandbox.
 furnish() {
+  directory_inside /rom
+  [[ -d $target/etc ]] || fail "$device has no factory state; --fresh makes it anew"
   # A link, so that kovadm finds the plug-in beside itself.
-  [[ ! -x $build/kovadm ]] || ln -sf "$build/kovadm" "$device/usr/bin/kovadm"
-  # Routers of earlier launchers have no factory state of their own.
-  [[ -d $device/rom/etc ]] || cp -a --no-preserve=ownership "$lab/router/." "$device/rom"
-  [[ $sandbox != proot ]] || furnish_for_proot "$1"
+  directory_inside /usr/bin
+  [[ ! -x $build/kovadm ]] || ln -sfT "$build/kovadm" "$target/kovadm" ||
+    fail "cannot make the link $target/kovadm; --fresh makes it anew"
+  "furnish_for_$sandbox" "$1"
 }

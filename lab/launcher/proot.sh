@@ -4,22 +4,19 @@
 # A program of the router could delete or overwrite what is bound into it: so but for the build, /proc and, where it
 # cannot be helped, device nodes, the router has copies.
 
-# Sets `target` to where this machine has a path of the router, and makes the directory around it. What the router's
-# programs have linked must not lead out of the router.
-inside() {
-  target=$device$1
-  [[ -z ${checked[${target%/*}]:-} ]] || return 0
-  is_around "$device" "$(realpath -m "${target%/*}")" ||
-    fail "$1 leads out of the router in $device; --fresh makes it anew"
-  mkdir -p "${target%/*}"
-  checked[${target%/*}]=yes
+# Fails, and prints why, where proot is not there or not allowed what it needs.
+proot_refusal() {
+  local proot output
+  proot=$(find_tool proot) || { echo "the Debian package proot is missing" && return 1; }
+  output=$("$proot" true 2>&1) && return
+  printf '%s\n' "${output%%$'\n'*}"
+  return 1
 }
-declare -A checked
 
 # install_copy FILE [PLACE]: a copy of this machine's in the router, where bubblewrap leaves an empty file.
 install_copy() {
   local target
-  inside "${2:-$1}"
+  file_inside "${2:-$1}"
   [[ ! -s $target || $1 -nt $target ]] || return 0
   cp -L --remove-destination "$1" "$target"
 }
@@ -33,17 +30,20 @@ libraries_of() {
 # Device nodes are the router's own where this user may make them; else they are bound.
 install_devices() {
   local target name directory nodes=(null zero full random urandom tty)
-  inside /dev/null
-  directory=${target%/*}
-  mkdir -p "$directory/pts"
+  directory_inside /dev/pts
+  directory_inside /dev
+  directory=$target
   for name in fd:/proc/self/fd stdin:fd/0 stdout:fd/1 stderr:fd/2 ptmx:pts/ptmx; do
-    ln -sfn "${name#*:}" "$directory/${name%:*}"
+    ln -sfT "${name#*:}" "$directory/${name%:*}" || fail "cannot make the link $directory/${name%:*}"
   done
   bound+=(/dev/pts)
-  if ! is_usable_node "$target"; then
+  for name in "${nodes[@]}"; do
+    file_inside "/dev/$name"
+  done
+  if ! is_usable_node "$directory/null"; then
     (cd /dev && cp -a --remove-destination "${nodes[@]}" "$directory") 2>/dev/null || true
   fi
-  if ! is_usable_node "$target"; then
+  if ! is_usable_node "$directory/null"; then
     for name in "${nodes[@]}"; do
       rm -f "$directory/$name"
       : >"$directory/$name"
@@ -56,8 +56,8 @@ bound=(/proc)
 
 furnish_for_proot() {
   local place target library
-  inside /bin/busybox
-  [[ -x $target ]] || cp -a "$applets/." "${target%/*}"
+  file_inside /bin/busybox
+  [[ -x $target ]] || cp -a --remove-destination "$applets/." "${target%/*}"
   for place in "${!programs[@]}"; do
     install_copy "${programs[$place]}" "$place"
   done
@@ -70,7 +70,7 @@ furnish_for_proot() {
   fi
   install_devices
   for place in "$build" "$tools"; do
-    inside "$place/"
+    directory_inside "$place"
     bound+=("$place")
   done
 }

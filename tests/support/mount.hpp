@@ -1,11 +1,14 @@
 // A file system of a test's own.
 #pragma once
 
+#include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -29,11 +32,26 @@ inline bool may_mount() {
   return status == 0 && enter_namespaces();
 }
 
+// What is no router's: the directory below /tmp with this build. None where the build is elsewhere.
+inline std::string build_below_tmp() {
+  const char* kept = std::getenv("KOVA_LAB_KEEP");
+  return kept == nullptr ? "" : kept;
+}
+
 // Puts an empty file system in memory, of so many KiB, in a directory's place. False where the sandbox forbids it.
 inline bool mount_memory(const char* directory, long size) {
   static const bool allowed = may_mount();
   const std::string options = "mode=755,size=" + std::to_string(size) + "k";
-  return allowed && mount("tmpfs", directory, "tmpfs", 0, options.c_str()) == 0;
+  const std::string build = build_below_tmp();
+  const int seen = open(build.c_str(), O_PATH | O_CLOEXEC);
+  bool mounted = allowed && mount("tmpfs", directory, "tmpfs", 0, options.c_str()) == 0;
+  if (mounted && seen >= 0 && build.starts_with(std::string(directory) + "/")) {
+    mkdir(build.c_str(), 0755);
+    const std::string source = "/proc/self/fd/" + std::to_string(seen);
+    mounted = mount(source.c_str(), build.c_str(), nullptr, MS_BIND | MS_REC, nullptr) == 0;
+  }
+  if (seen >= 0) close(seen);
+  return mounted;
 }
 
 }  // namespace kova::test
