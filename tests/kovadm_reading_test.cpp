@@ -66,8 +66,9 @@ TEST_F(Kovadm, ValuesAreOfAnyLength) {
 }
 
 TEST_F(Kovadm, AFaultOnStandardOutputIsNoSuccess) {
-  for (const char* format : {"", "--json "}) {
-    EXPECT_EQ(WEXITSTATUS(run(std::string("kovadm ") + format + "get " SERVER "URL >/dev/full 2>/root/error")), 2);
+  for (const char* command :
+       {"get " SERVER "URL", "--json get " SERVER "URL", "explain Device.Hosts.Host.1.IPAddress", "list", "--help"}) {
+    EXPECT_EQ(WEXITSTATUS(run(std::string("kovadm ") + command + " >/dev/full 2>/root/error")), 2);
     EXPECT_EQ(contents("/root/error"), "kovadm: standard output: No space left on device\n");
   }
   // A closed standard error is not mixed up with standard output.
@@ -128,6 +129,9 @@ TEST_F(Kovadm, KnowsWhatIsMeantWithAPath) {
   for (const auto& [path, meant] : paths)
     EXPECT_EQ(kovadm(std::string("get --json ") + path).document()["faults"][0]["nearest"], meant);
   EXPECT_EQ(kovadm("get Xyz").error, "9005 Invalid parameter name: Xyz\n");
+  const std::string longest(100000, 'x');
+  for (const std::string& path : {longest, "Device." + longest, "Device.1." + longest})
+    EXPECT_EQ(run("timeout 1 kovadm get " + path + " >/dev/null 2>&1; test $? = 1"), 0);
 }
 
 TEST_F(Kovadm, WalksEveryParameterOfTheDevice) {
