@@ -27,6 +27,7 @@ class Output {
 
   void value(const std::string& path, const std::string& value);
   void fault(const Fault& fault);
+  bool has_faults() const { return !faults_.empty(); }
 
   // What failed without being a fault of a parameter; the document tells it elsewhere.
   void failure(const std::string& text);

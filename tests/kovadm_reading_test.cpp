@@ -79,14 +79,15 @@ TEST_F(Kovadm, AFaultOnStandardOutputIsNoSuccess) {
 TEST_F(Kovadm, FaultsCarryTheProtocolsNumbersAndTheRestIsAnswered) {
   const Finished get = kovadm(
       "get Device.Users.User.2.Usernam Device.Users.User.9.Username Device.Users.User.1.Username "
-      "Device.Users.User.{i}.Username Device.Users.User.1");
+      "Device.Users.User.{i}.Username Device.Users.User.1 Device.Users.User.01.Username");
   EXPECT_EQ(get.status, 1);
   EXPECT_EQ(get.out, "Device.Users.User.1.Username = admin\n");
   EXPECT_EQ(get.error,
             "9005 Invalid parameter name: Device.Users.User.2.Usernam\n     nearest: Device.Users.User.2.Username\n"
             "9005 Invalid parameter name: Device.Users.User.9.Username (no such instance: Device.Users.User has 2)\n"
             "9005 Invalid parameter name: Device.Users.User.{i}.Username ({i} stands for an instance number)\n"
-            "9005 Invalid parameter name: Device.Users.User.1 (an object, not a parameter)\n");
+            "9005 Invalid parameter name: Device.Users.User.1 (an object, not a parameter)\n"
+            "9005 Invalid parameter name: Device.Users.User.01.Username (\"01\" is no instance number)\n");
   const json faults = kovadm("get --json Device.Users.User.9.Username").document()["faults"];
   EXPECT_EQ(faults[0]["code"], 9005);
   EXPECT_EQ(faults[0]["path"], "Device.Users.User.9.Username");

@@ -194,7 +194,7 @@ InternetGatewayDevice.ManagementServer.STUNEnable = 1
 }
 
 TEST_F(Kovadm, MisuseEndsWithTwoAndSaysWhatIsWrong) {
-  const std::pair<const char*, const char*> misuses[] = {{"", "subcommand is required"},
+  const std::pair<const char*, const char*> misuses[] = {{"", "no command\nReads and sets the device's data model"},
                                                          {"frobnicate", "no command \"frobnicate\""},
                                                          {"get", "PATH is required"},
                                                          {"set Device.Name", "not PATH=VALUE: Device.Name"},
@@ -207,6 +207,8 @@ TEST_F(Kovadm, MisuseEndsWithTwoAndSaysWhatIsWrong) {
     EXPECT_EQ(misuse.status, 2) << arguments;
     EXPECT_NE(misuse.error.find(message), std::string::npos) << misuse.error;
     EXPECT_EQ(misuse.out, "");
+    const std::string error = kovadm(std::string("--json ") + arguments).document()["error"];
+    EXPECT_TRUE(misuse.error.starts_with("kovadm: " + error + "\n")) << misuse.error;
   }
   EXPECT_EQ(kovadm("--help").status, 0);
 }
