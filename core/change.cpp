@@ -102,13 +102,6 @@ bool set_option_creating_section(uci_context* context, const Change& change) {
   return error == UCI_OK || refuse(change, error);
 }
 
-// Whether changes of the package by others wait to be committed.
-bool others_wait(const char* package) {
-  Text<512> path;
-  struct stat changes;
-  return !path.print("/tmp/.uci/%s", package) || (stat(path.c_str(), &changes) == 0 && changes.st_size != 0);
-}
-
 // Whether the package holds the change already, and nothing else is committed with it.
 bool changes_nothing(uci_context* context, uci_package* package, const Change& change) {
   if (others_wait(change.package)) return false;

@@ -2,6 +2,8 @@
 
 #include <string.h>
 
+#include <string_view>
+
 #include "command.hpp"
 #include "log.hpp"
 #include "text.hpp"

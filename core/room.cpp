@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "log.hpp"
+#include "text.hpp"
 
 namespace kova {
 namespace {
@@ -77,6 +78,12 @@ uint64_t file_size(const uci_package& package) {
   uci_element* section = nullptr;
   uci_foreach_element(&package.sections, section) size += section_size(*uci_to_section(section));
   return size;
+}
+
+bool others_wait(const char* package) {
+  Text<512> path;
+  struct stat changes;
+  return !path.print("/tmp/.uci/%s", package) || (stat(path.c_str(), &changes) == 0 && changes.st_size != 0);
 }
 
 bool has_room(const char* directory, uint64_t size, uint64_t change) {

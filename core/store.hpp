@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <span>
 #include <string_view>
 
 #include "descriptors.hpp"
@@ -76,20 +75,6 @@ class StateOption : public StoredText {
 
 // Writes an option as uci_raw_set_value does. Whether it was written.
 bool write_option(Section section, const char* option, const char* value);
-
-inline bool read_option(Section section, const char* option, std::span<char> value) {
-  const Option stored(section, option);
-  if (stored) copy_text(value, stored.text());
-  return static_cast<bool>(stored);
-}
-inline bool option_is(Section section, const char* option, const char* value) {
-  return Option(section, option) == value;
-}
-inline bool read_state_option(Section section, const char* option, std::span<char> value) {
-  const StateOption stored(section, option);
-  if (stored) copy_text(value, stored.text());
-  return static_cast<bool>(stored);
-}
 
 // The sections of one type in a package, in file order: for (uci_section* login : sections(package, "login")).
 class SectionsOfType {

@@ -11,7 +11,9 @@ fail() {
 
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
 LAB_PACKAGES=(bubblewrap proot busybox-static lua5.1 iproute2)
-TEST_PACKAGES=(libgtest-dev googletest libbenchmark-dev valgrind pkgconf g++-aarch64-linux-gnu qemu-user-static)
+TEST_PACKAGES=(libgtest-dev libbenchmark-dev valgrind pkgconf)
+PROCESSOR_PACKAGES=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf g++-mips-linux-gnu g++-mipsel-linux-gnu
+  g++-riscv64-linux-gnu qemu-user-static xz-utils)
 # The sanitizers and the fuzzers are clang's.
 SANITIZER_PACKAGES=(clang libclang-rt-14-dev llvm)
 MUSL_PACKAGES=(clang-14 libc++-14-dev lld-14)
@@ -36,9 +38,11 @@ need_packages() {
     >/dev/null || fail "could not install: ${missing[*]}"
 }
 
-# build PRESET: configures and builds it.
+# build PRESET [TARGET...]: configures it and builds all of it, or the targets.
 build() {
-  say "Building ($1)"
-  cmake --preset "$1" >/dev/null || fail "configuring $1 failed"
-  cmake --build --preset "$1" -- --quiet || fail "building $1 failed"
+  local preset=$1 targets=()
+  (($# == 1)) || targets=(--target "${@:2}")
+  say "Building ($preset)"
+  cmake --preset "$preset" >/dev/null || fail "configuring $preset failed"
+  cmake --build --preset "$preset" "${targets[@]}" -- --quiet || fail "building $preset failed"
 }

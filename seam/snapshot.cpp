@@ -101,8 +101,9 @@ void Snapshot::note(const fs::path& path) {
   permissions_[path] = status.permissions();
 }
 
-void Snapshot::restore() const {
-  const Snapshot now(places_);
+void Snapshot::restore() const { restore(Snapshot(places_)); }
+
+void Snapshot::restore(const Snapshot& now) const {
   for (const auto& [path, ignored] : now.texts_) {
     if (!texts_.contains(path)) fs::remove(path);
   }

@@ -33,6 +33,7 @@ class Snapshot {
 
   // Puts every file and directory back as it was. Throws what std::filesystem and std::ios_base throw.
   void restore() const;
+  void restore(const Snapshot& now) const;  // where it is known what is there
 
   bool operator==(const Snapshot& other) const = default;
 

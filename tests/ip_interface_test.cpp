@@ -77,7 +77,9 @@ TEST_F(IpInterface, DhcpClientIsTheWanWhileItRunsDhcp) {
                  {handler, protocol(""), kGetFailed, log}});
   }
   expect_gets({{DHCPv4_Client_DHCPStatus, link("dhcp", R"({"up": false})"), "Requesting"},
-               {DHCPv4_Client_DNSServers, link("dhcp", kManyServersAnswer), kManyServers}});
+               {DHCPv4_Client_DNSServers, link("dhcp", kManyServersAnswer), kManyServers},
+               {DHCPv4_Client_DNSServers, link("dhcp", R"({"dns-server": [")" + std::string(5000, '5') + "\"]}"),
+                std::string(4095, '5')}});
   expect_recorded(DHCPv4_Client_Enable, "0", "wan_type \"static_ip\"", "WSDE.\n");
   expect_recorded(DHCPv4_Client_Enable, "1", "wan_type \"dynamic_ip\"", "WSDE.\n");
   expect_sets({{DHCPv4_Client_Enable, "true", kRefused}});
@@ -124,7 +126,7 @@ TEST_F(IpInterface, TrafficIsCountedByTheInterfacesOwnObject) {
   for (const parameter_handler handler : COUNTERS(IP_Interface_Stats_)) {
     const std::string counted = std::to_string(++number);
     expect_gets({{At{handler, {2}}, lan, counted}, {At{handler, {3}}, mobile, counted}});
-    for (const int32_t nowhere : {0, 4}) expect_gets({{At{handler, {nowhere}}, as_is, kGetFailed}});
+    expect_gets({{At{handler, {0}}, as_is, kGetFailed, "LE\n"}, {At{handler, {4}}, as_is, kGetFailed}});
   }
 }
 
@@ -142,9 +144,11 @@ TEST_F(IpInterface, IgmpProxyIsSwitchedByCommands) {
                  {at, "1", accepted(APPLY_IGMP_PROXY), {runs(on)}, prints(on, "uci: Parse error\n")},
                  {at, "on", kRefused}});
   }
-  for (const auto& [number, answer] : {std::pair{0, kGetFailed}, {2, answered("")}, {4, kGetFailed}}) {
-    expect_gets({{At{IP_Interface_X_KOVA_IGMPProxy, {number}}, as_is, answer}});
-    expect_sets({{At{IP_Interface_X_KOVA_IGMPProxy, {number}}, "1", kRefused}});
+  for (const auto& [number, answer, log] :
+       {std::tuple{0, kGetFailed, "LE\n"}, {2, answered(""), ""}, {4, kGetFailed, ""}}) {
+    const Effects effects = number == 0 ? Effects{logs(log)} : Effects{};
+    expect_gets({{At{IP_Interface_X_KOVA_IGMPProxy, {number}}, as_is, answer, log}});
+    expect_sets({{At{IP_Interface_X_KOVA_IGMPProxy, {number}}, "1", kRefused, effects}});
   }
 }
 
@@ -180,12 +184,12 @@ TEST_F(IpInterface, OneEntryOfTheWanIsActive) {
   // A static address is that of the link all the same, a static mask the configured one.
   expect_gets({{At{ADDRESS(IPAddress), {1, 1}}, no_link("static"), "0.0.0.0"},
                {At{ADDRESS(SubnetMask), {1, 1}}, no_link("static"), "255.255.255.0"}});
-  for (const auto& [entry, type] : {std::pair{0, kGetFailed},
-                                    {1, answered("Static")},
-                                    {2, answered("DHCP")},
-                                    {3, answered("IPCP")},
-                                    {4, kGetFailed}})
-    expect_gets({{At{ADDRESS(AddressingType), {1, entry}}, protocol(""), type}});
+  for (const auto& [entry, type, log] : {std::tuple{0, kGetFailed, "LE\n"},
+                                         {1, answered("Static"), ""},
+                                         {2, answered("DHCP"), ""},
+                                         {3, answered("IPCP"), ""},
+                                         {4, kGetFailed, ""}})
+    expect_gets({{At{ADDRESS(AddressingType), {1, entry}}, protocol(""), type, log}});
 }
 
 TEST_F(IpInterface, OtherInterfacesHaveTheAddressOfTheirObject) {
@@ -200,7 +204,7 @@ TEST_F(IpInterface, OtherInterfacesHaveTheAddressOfTheirObject) {
     expect_gets({{At{handler, {2, 1}}, lan, of_lan},
                  {At{handler, {3, 1}}, as_is, of_mobile},
                  {At{handler, {3, 1}}, off, of_mobile_off}});
-    for (const int32_t nowhere : {0, 4}) expect_gets({{At{handler, {nowhere, 1}}, as_is, kGetFailed}});
+    expect_gets({{At{handler, {0, 1}}, as_is, kGetFailed, "LE\n"}, {At{handler, {4, 1}}, as_is, kGetFailed}});
   }
 }
 
@@ -213,8 +217,10 @@ TEST_F(IpInterface, EntriesAreSwitchedWhateverIsConfigured) {
                                                 {3, "1", "pppoe_enable \"on\""},
                                                 {3, "", "pppoe_enable \"off\""}})
     expect_recorded(At{ADDRESS(Enable), {1, entry}}, value, arguments, "SIIIAE.\n");
-  for (const auto& [interface, entry] : {std::pair{1, 0}, {1, 4}, {2, 1}, {0, 1}, {4, 1}})
+  for (const auto& [interface, entry] : {std::pair{1, 4}, {2, 1}, {4, 1}})
     expect_sets({{At{ADDRESS(Enable), {interface, entry}}, "1", kRefused}});
+  for (const auto& [interface, entry] : {std::pair{1, 0}, {0, 1}})
+    expect_sets({{At{ADDRESS(Enable), {interface, entry}}, "1", kRefused, {logs("LE\n")}}});
   const Effects disabled = {stores("network.4g.disabled", "1")};
   expect_sets({{At{ADDRESS(Enable), {3, 1}}, "0", accepted(APPLY_CELLULAR | APPLY_MANAGEMENT), disabled}});
 }
@@ -229,7 +235,9 @@ TEST_F(IpInterface, AddressesThatNobodyAssignsCanBeSet) {
       expect_sets({{At{handler, {1, entry}}, address, kRefused, {}, protocol(name)}});
     protocol("static").put();
     expect_recorded(At{handler, {1, 1}}, address, wan, failure);
-    for (const int32_t interface : {0, 3, 4}) expect_sets({{At{handler, {interface, 1}}, address, kRefused}});
+    for (const int32_t interface : {3, 4}) expect_sets({{At{handler, {interface, 1}}, address, kRefused}});
+    for (const auto& [interface, entry] : {std::pair{0, 1}, {1, 0}})
+      expect_sets({{At{handler, {interface, entry}}, address, kRefused, {logs("LE\n")}}});
   }
 }
 

@@ -9,6 +9,7 @@ namespace kova::test {
 namespace {
 
 const Source no_firewall = no_file("/etc/config/firewall");
+const Source others_wait = file("/tmp/.uci/firewall", "firewall.game.target='DNAT'\n");
 const std::string kReload = records_once("/usr/bin/tr069/cwmp-nat &");
 
 struct Field {
@@ -50,18 +51,25 @@ TEST_F(PortMapping, AreTheRedirectSections) {
     for (const At& at : field.places(2))
       expect_gets(
           {{at, as_is, field.stored}, {at, no_firewall, kGetFailed, "[ERR]uci failed to load config:firewall\n"}});
-    for (const int32_t nowhere : {3, 0, -1}) expect_gets({{At{field.nat, {nowhere}}, as_is, kGetFailed}});
+    for (const int32_t nowhere : {3, -1}) expect_gets({{At{field.nat, {nowhere}}, as_is, kGetFailed}});
+    for (const At& at : field.places(0)) expect_gets({{at, as_is, kGetFailed, "LE\n"}});
   }
 }
 
 TEST_F(PortMapping, ChangesAreWrittenAtOnceAndAppliedLater) {
   for (const Field& field : kFields) {
     const std::string command = runs("uci set firewall.game." + field.option + "=" + field.written + " && uci commit");
+    const std::string kept_value =
+        field.written.starts_with('\'') ? std::string("'") + field.stored + "'" : field.stored;
+    const std::string kept = runs("uci set firewall.game." + field.option + "=" + kept_value + " && uci commit");
     const std::string value = field.option == "proto" ? "tcp udp" : field.value;
     const std::string change = changes("firewall.game." + field.option, value);
     for (const At& at : field.places(2))
       expect_sets({{at, field.value, accepted(APPLY_TASK_COMMANDS), {change, kReload, command}},
                    {at, field.value, kRefused, {change, command, logs("SPME.\n")}, no_file("/tmp/tr069")},
+                   {at, field.value, kRefused, {logs("SPME.\n")}, no_room},
+                   {at, field.stored, accepted(APPLY_TASK_COMMANDS), {kReload, kept}, no_room},
+                   {at, field.stored, kRefused, {logs("SPME.\n")}, no_room && others_wait},
                    {at, field.value, kRefused, {logs("[ERR]uci failed to load config:firewall\n")}, no_firewall}});
     for (const int32_t nowhere : {3, 0, -1})  // nothing to write, yet the firewall is reloaded
       expect_sets({{At{field.nat, {nowhere}}, field.value, accepted(APPLY_TASK_COMMANDS), {kReload}}});
@@ -87,7 +95,7 @@ TEST_F(PortMapping, ValuesAreCheckedBeforeAnythingElse) {
     for (const char* value : {"0", "65535", "4294967376"}) expect_sets({{port, value, kRefused, {}, no_firewall}});
   expect_sets({{NAT(Protocol), "tcpudp", kRefused, {}, no_firewall},
                {NAT(InternalClient), "10.0.0.9 ", kRefused, {logs("mal format ip\n")}, no_firewall},
-               {NAT(Description), std::string(5000, 'x'), kRefused}});  // the command would be cut
+               {NAT(Description), std::string(5000, 'x'), kRefused, {logs("SPME.\n")}}});  // the command would be cut
 }
 
 }  // namespace

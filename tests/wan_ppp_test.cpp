@@ -42,6 +42,10 @@ TEST_F(WanPpp, AStoredCredentialIsNotRecordedAgain) {
   expect_sets({{PPP(Username), "Stored One", accepted()}, {PPP(Password), "Stored Two", accepted()}});
   expect_recorded(PPP(Username), "stored one", "pppoe_username \"stored one\" ", "SPUNE. \n");
   expect_recorded(PPP(Password), "Stored One", "pppoe_password \"Stored One\" ", "SPPWE. \n");
+  const std::string longest(1500, 'x');
+  (wan_option("username", longest) && wan_option("password", longest)).put();
+  expect_sets({{PPP(Username), longest, accepted()}, {PPP(Password), longest, accepted()}});
+  expect_recorded(PPP(Username), longest.substr(1), "pppoe_username \"" + longest.substr(1) + "\" ", "SPUNE. \n");
 }
 
 TEST_F(WanPpp, StateIsThatOfTheLinkWhilePppIsConfigured) {

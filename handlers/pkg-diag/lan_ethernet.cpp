@@ -9,28 +9,14 @@ using namespace kova;
 
 constexpr char kLan[] = "lan";
 
-bool mac_address(Call& call) {
-  const Text<32> device = interface_status<32>(kLan, INTERFACE_DEVICE);
-  return reply_or(call, device_status<100>(device.c_str(), DEVICE_MAC).c_str(), "0:0:0:0:0:0");
-}
-
-bool reply_counter(Call& call, bus_status_query counter) {
-  const Text<32> device = interface_status<32>(kLan, INTERFACE_L3_DEVICE);
-  return reply_or(call, device_status(device.c_str(), counter).c_str(), "0");
-}
-
-constexpr auto lan_counter(bus_status_query counter) {
-  return [=](Call& call) { return reply_counter(call, counter); };
-}
-
 }  // namespace
 
 // clang-format off
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_MACAddress,            mac_address,                    read_only)
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_BytesSent,       lan_counter(DEVICE_TX_BYTES),   read_only)
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_BytesReceived,   lan_counter(DEVICE_RX_BYTES),   read_only)
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_PacketsSent,     lan_counter(DEVICE_TX_PACKETS), read_only)
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_PacketsReceived, lan_counter(DEVICE_RX_PACKETS), read_only)
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_ErrorsSent,      lan_counter(DEVICE_TX_ERRORS),  read_only)
-PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_ErrorsReceived,  lan_counter(DEVICE_RX_ERRORS),  read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_MACAddress,            link_mac<100>(kLan),                   read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_BytesSent,       link_counter(kLan, DEVICE_TX_BYTES),   read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_BytesReceived,   link_counter(kLan, DEVICE_RX_BYTES),   read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_PacketsSent,     link_counter(kLan, DEVICE_TX_PACKETS), read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_PacketsReceived, link_counter(kLan, DEVICE_RX_PACKETS), read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_ErrorsSent,      link_counter(kLan, DEVICE_TX_ERRORS),  read_only)
+PARAMETER(LANDevice_LANEthernetInterfaceConfig_Stats_ErrorsReceived,  link_counter(kLan, DEVICE_RX_ERRORS),  read_only)
 // clang-format on

@@ -10,11 +10,8 @@ using namespace kova;
 constexpr auto if_dhcp(auto word, const char* otherwise = "") { return if_protocol(exactly("dhcp"), word, otherwise); }
 
 bool enabled(Call& call) {
-  Protocol protocol;
-  if (!read_protocol(protocol)) {
-    LOG("uci get error.\n");
-    return false;
-  }
+  const Protocol protocol;
+  if (!protocol) return call.refuse("uci get error.\n");
   return call.reply(protocol == "dhcp" ? "1" : "0");
 }
 

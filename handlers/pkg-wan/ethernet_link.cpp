@@ -1,36 +1,37 @@
-// Ethernet.Link: the Ethernet layer below each IP interface; what it shares with the interface is forwarded.
+// Ethernet.Link: the Ethernet layer below each IP interface; what both have is forwarded to the IP interface.
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
+
 #include "command.hpp"
 #include "interfaces.hpp"
+#include "link.hpp"
 #include "pkg-wan.h"
-#include "wan.hpp"
 
 namespace {
 
 using namespace kova;
 
-// All bridges of the router, of which there is always one.
+// Their references stay below the 4 KiB that an agent is told to have room for, whatever count the command gives.
+constexpr int32_t kMostBridges = 150;
+
+// The router's bridges, of which there is always one.
 bool bridges(Call& call) {
-  const int count = leading_number(logged_first_line<128>("ifconfig | grep 'br-' | wc -l").c_str());
-  call.reply("Device.Bridging.Bridge.1");
-  char* end = call.output() + strlen(call.output());
-  for (int number = 2; number <= count; ++number) end += sprintf(end, ",Device.Bridging.Bridge.%d", number);
+  const int32_t counted = leading_number(logged_first_line<128>("ifconfig | grep 'br-' | wc -l").c_str());
+  const int32_t count = std::min(counted, kMostBridges);
+  char* end = stpcpy(call.output(), "Device.Bridging.Bridge.1");
+  for (int32_t number = 2; number <= count; ++number) end += sprintf(end, ",Device.Bridging.Bridge.%d", number);
   return true;
 }
 
-bool mac_address(Call& call) {
-  const NetworkInterface* interface = interface_of(call);
-  if (interface == nullptr) return false;
-  return reply_device_mac(call, interface_status<32>(interface->name, INTERFACE_DEVICE).c_str());
-}
+bool mac_address(Call& call, const NetworkInterface& interface) { return link_mac(interface.name)(call); }
 
 }  // namespace
 
 // clang-format off
 PARAMETER(Ethernet_Link_LowerLayers, by_interface(constant("Device.Ethernet.Interface.1"), bridges, constant("Device.Ethernet.Interface.3"), ignored), read_only)
-PARAMETER(Ethernet_Link_MACAddress,  mac_address,                                                                                                      read_only)
+PARAMETER(Ethernet_Link_MACAddress,  of_interface(mac_address),                                                                                        read_only)
 
 ALIAS(Ethernet_LinkNumberOfEntries, IP_InterfaceNumberOfEntries)
 ALIAS(Ethernet_Link_Enable,         IP_Interface_Enable)

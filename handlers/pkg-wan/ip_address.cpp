@@ -1,7 +1,5 @@
-// IP.Interface.IPv4Address: the WAN's three entries, one for each way to get an address; the LAN and the mobile
-// interface have one entry, which their own objects serve.
-#include <string.h>
-
+// IP.Interface.IPv4Address: the WAN has three entries, one for each way to get an address. The LAN and the mobile
+// interface have one each, which their own objects serve.
 #include <iterator>
 
 #include "interfaces.hpp"
@@ -14,17 +12,17 @@ namespace {
 
 using namespace kova;
 
-// ---- The WAN's entries, of which the one whose protocol is configured is active ----
+// ---- The WAN's entries: the one whose protocol is configured is active ----
 
 struct Entry {
   const char* protocol;
   const char* addressing;
-  // What the verify script is told to switch it on and off.
+  // The verify script's key, and the values that switch the entry on and off.
   const char* key;
   const char* on;
   const char* off;
   parameter_handler address;
-  parameter_handler mask;  // nullptr: has none to show
+  parameter_handler mask;  // nullptr: it reads as empty
 };
 
 // clang-format off
@@ -36,73 +34,93 @@ constexpr Entry kEntries[] = {
 // clang-format on
 constexpr int32_t kStatic = 1;
 
-// The entry that the call is for; nullptr when the WAN has no such entry.
+// The entry that the call is for; nullptr when there is none.
 const Entry* entry_of(const Call& call) {
   const int32_t number = call.instance(1);
   return number >= 1 && number <= static_cast<int32_t>(std::size(kEntries)) ? &kEntries[number - 1] : nullptr;
 }
 
-// What `word` does for the active entry, `otherwise` for any other. Fails when the protocol cannot be read.
-constexpr auto if_active(auto word, auto otherwise) {
+constexpr auto no_entry = [](Call& call) { return no_row(call, call.instance(1)); };
+
+// What `work` does for the call's entry while it is active, else what `otherwise` does. Fails when the protocol cannot
+// be read.
+constexpr auto if_active(auto work, auto otherwise) {
   return [=](Call& call) {
-    Protocol protocol;
-    if (!read_protocol(protocol)) return false;
+    const Protocol protocol;
+    if (!protocol) return false;
     const Entry* entry = entry_of(call);
-    return entry != nullptr && protocol == entry->protocol ? word(call) : otherwise(call);
+    return entry != nullptr && protocol == entry->protocol ? work(call, *entry) : otherwise(call);
   };
 }
 
-constexpr auto forward_to_entry(parameter_handler Entry::*target) {
-  return [=](Call& call) {
-    const parameter_handler handler = entry_of(call)->*target;
-    return handler != nullptr ? call.forward(handler) : call.reply("");
-  };
+constexpr auto active(const char* yes, const char* no) {
+  return if_active([=](Call& call, const Entry& /*entry*/) { return call.reply(yes); }, constant(no));
 }
 
-// Only an address that is not assigned by somebody else can be set.
-constexpr auto if_static(auto word) {
-  return [=](Call& call) { return call.instance(1) == kStatic && if_active(word, refused())(call); };
+// Forwards to the active entry's handler. Other entries, and an active one without a handler, read as empty.
+constexpr auto forward_if_active(parameter_handler Entry::*handler) {
+  return if_active(
+      [=](Call& call, const Entry& entry) {
+        return entry.*handler != nullptr ? call.forward(entry.*handler) : call.reply("");
+      },
+      constant(""));
+}
+
+// Forwards a set to the handler of the static entry, while it is active: the addresses of the others are assigned.
+constexpr auto forward_if_static(parameter_handler Entry::*handler) {
+  return if_active(
+      [=](Call& call, const Entry& entry) { return call.instance(1) == kStatic && call.forward(entry.*handler); },
+      no_entry);
 }
 
 bool set_enable(Call& call) {
   const Entry* entry = entry_of(call);
-  if (entry == nullptr) return false;
+  if (entry == nullptr) return no_entry(call);
   return record_verify(call, {kVerifyQuoted, entry->key, call.value_is("1") ? entry->on : entry->off}, "SIIIAE.\n");
 }
 
 bool addressing_type(Call& call) {
   const Entry* entry = entry_of(call);
-  return entry != nullptr && call.reply(entry->addressing);
+  return entry != nullptr ? call.reply(entry->addressing) : no_entry(call);
 }
 
 // ---- The mobile interface's entry ----
 
+// Has a handler get into another buffer than the agent's. The arguments are those of every get.
+void get(parameter_handler handler, ...) {
+  va_list arguments;
+  va_start(arguments, handler);
+  handler(0, arguments);
+  va_end(arguments);
+}
+
 bool mobile_status(Call& call) {
-  const bool enabled = call.forward(Cellular_Interface_Enable) && strcmp(call.output(), "1") == 0;
-  return call.reply(enabled ? "Enabled" : "Disabled");
+  Text<8> enabled;  // "0" or "1"
+  get(Cellular_Interface_Enable, call.instances(), enabled.data(), nullptr);
+  return call.reply(enabled == "1" ? "Enabled" : "Disabled");
 }
 
 }  // namespace
 
 // clang-format off
 PARAMETER(IP_Interface_IPv4Address_Enable,
-          by_interface(if_active(constant("1"), constant("0")), constant("1"), forward_to(Cellular_Interface_Enable)),
-          by_interface(set_enable,                              refused(),     forward_to(Cellular_Interface_Enable)))
+          by_interface(active("1", "0"), constant("1"), forward_to(Cellular_Interface_Enable)),
+          by_interface(set_enable,       refused(),     forward_to(Cellular_Interface_Enable)))
 PARAMETER(IP_Interface_IPv4Address_Status,
-          by_interface(if_active(constant("Enabled"), constant("Disabled")), constant("Enabled"), mobile_status),
+          by_interface(active("Enabled", "Disabled"), constant("Enabled"), mobile_status),
           read_only)
 PARAMETER(IP_Interface_IPv4Address_IPAddress,
-          by_interface(if_active(forward_to_entry(&Entry::address), constant("")),
+          by_interface(forward_if_active(&Entry::address),
                        forward_to(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress),
                        forward_to(Cellular_Interface_IPAddress)),
-          by_interface(if_static(forward_to(WANDevice_WANConnectionDevice_WANIPConnection_ExternalIPAddress)),
+          by_interface(forward_if_static(&Entry::address),
                        forward_to(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceIPAddress),
                        refused()))
 PARAMETER(IP_Interface_IPv4Address_SubnetMask,
-          by_interface(if_active(forward_to_entry(&Entry::mask), constant("")),
+          by_interface(forward_if_active(&Entry::mask),
                        forward_to(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask),
                        forward_to(Cellular_Interface_SubnetMask)),
-          by_interface(if_static(forward_to(WANDevice_WANConnectionDevice_WANIPConnection_SubnetMask)),
+          by_interface(forward_if_static(&Entry::mask),
                        forward_to(LANDevice_LANHostConfigManagement_IPInterface_IPInterfaceSubnetMask),
                        refused()))
 PARAMETER(IP_Interface_IPv4Address_AddressingType,

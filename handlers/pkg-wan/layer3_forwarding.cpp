@@ -1,4 +1,4 @@
-// Layer3Forwarding: which of the WAN's connections is the default.
+// Layer3Forwarding: the connection of the WAN that is the default.
 #include "parameter.hpp"
 #include "pkg-wan.h"
 #include "wan.hpp"
@@ -7,15 +7,11 @@ namespace {
 
 using namespace kova;
 
-bool has_ppp(const Protocol& protocol) {
-  return in_any_case("pppoe")(protocol) || in_any_case("l2tp")(protocol) || in_any_case("pptp")(protocol);
-}
-
 constexpr char kPppConnection[] = "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANPPPConnection.1.";
-// Of a DHCP WAN too, though its connection is number 2 elsewhere.
+// For a DHCP WAN too, although WANIPConnection 2 is the one that runs then.
 constexpr char kIpConnection[] = "InternetGatewayDevice.WANDevice.1.WANConnectionDevice.1.WANIPConnection.1.";
 
 }  // namespace
 
-PARAMETER(Layer3Forwarding_DefaultConnectionService, if_protocol(has_ppp, constant(kPppConnection), kIpConnection),
-          read_only)
+PARAMETER(Layer3Forwarding_DefaultConnectionService,
+          if_protocol(in_any_case("pppoe", "l2tp", "pptp"), constant(kPppConnection), kIpConnection), read_only)

@@ -1,9 +1,9 @@
-// PortMapping: the firewall's redirect rules, numbered from 1 as they stand. The data model shows them three times.
-#include <string.h>
+// PortMapping: the firewall's redirect rules, numbered from 1 in file order. The data model shows them at three
+// paths.
+#include <strings.h>
 
-#include "parameter.hpp"
 #include "pkg-wan.h"
-#include "wan.hpp"
+#include "rows.hpp"
 
 namespace {
 
@@ -14,7 +14,7 @@ using namespace kova;
 constexpr LogMessage kNoFirewall = "[ERR]uci failed to load config:firewall\n";
 
 bool number_of_mappings(Call& call) {
-  const WalkedPackage firewall("firewall", HERE, "[ERR]uci failed to load config:firwall\n");
+  const WalkedPackage firewall("firewall", call.origin(), "[ERR]uci failed to load config:firwall\n");
   if (!firewall) return false;
   return call.reply_number(firewall.sections("redirect").count());
 }
@@ -36,51 +36,65 @@ const char* any_text(const Call& call) { return call.value(); }
 // command. ----
 
 constexpr char kQuoted[] = "uci set firewall.%s.%s='%s' && uci commit";
-constexpr char kBare[] = "uci set firewall.%s.%s=%s && uci commit";  // the shell sees the value's blanks and more
+constexpr char kBare[] = "uci set firewall.%s.%s=%s && uci commit";  // the shell splits and expands the value
 
 struct Field {
   const char* option;
-  const char* (*accepted)(const Call&);
+  const char* (*to_store)(const Call& call);
   const char* command;
 
   bool get(Call& call, int32_t number) const;
   bool set(Call& call, int32_t number) const;
-  bool write(int32_t number, const char* value) const;
 };
 
 bool Field::get(Call& call, int32_t number) const {
-  const WalkedPackage firewall("firewall", HERE, kNoFirewall);
+  const WalkedPackage firewall("firewall", call.origin(), kNoFirewall);
   if (!firewall) return false;
   uci_section* mapping = firewall.sections("redirect").nth(number);
-  if (mapping == nullptr) return false;
+  if (mapping == nullptr) return no_row(call, number);
   const char* value = firewall.string(mapping, option);
   return call.reply(value != nullptr ? value : "");
 }
 
-bool Field::write(int32_t number, const char* value) const {
-  const WalkedPackage firewall("firewall", HERE, kNoFirewall);
-  return firewall && write_at_once(command, firewall.sections("redirect").nth(number), option, value);
+// Has the firewall reloaded even when there is no mapping of this number, and nothing to write.
+bool Field::set(Call& call, int32_t number) const {
+  const char* value = to_store(call);
+  if (value == nullptr) return false;
+  const WalkedPackage firewall("firewall", call.origin(), kNoFirewall);
+  if (!firewall) return false;
+  uci_section* mapping = firewall.sections("redirect").nth(number);
+  const bool reloads = write_at_once(command, firewall, mapping, option, value) &&
+                       record_task_cmd_once("/usr/bin/tr069/cwmp-nat &") == 0;
+  return reloads ? call.mark(APPLY_TASK_COMMANDS) : call.refuse("SPME.\n");
 }
 
-bool Field::set(Call& call, int32_t number) const {
-  const char* value = accepted(call);
-  if (value == nullptr || !write(number, value)) return false;
-  if (record_task_cmd_once("/usr/bin/tr069/cwmp-nat &") == 0) return call.mark(APPLY_TASK_COMMANDS);
-  LOG("SPME.\n");
-  return false;
-}
+constexpr Field kExternalPort{"src_dport", port, kQuoted};
+constexpr Field kInternalPort{"dest_port", port, kQuoted};
+constexpr Field kProtocol{"proto", protocol, kQuoted};
+constexpr Field kInternalClient{"dest_ip", address_value, kBare};
+constexpr Field kDescription{"name", any_text, kBare};
 
 }  // namespace
 
-// clang-format off
-int32_t PortMapping_ExternalPort(int32_t operation, va_list arguments, int32_t position)           { return serve_field(operation, arguments, position, HERE, Field{"src_dport", port,          kQuoted}); }
-int32_t PortMapping_InternalPort(int32_t operation, va_list arguments, int32_t position)           { return serve_field(operation, arguments, position, HERE, Field{"dest_port", port,          kQuoted}); }
-int32_t PortMapping_PortMappingProtocol(int32_t operation, va_list arguments, int32_t position)    { return serve_field(operation, arguments, position, HERE, Field{"proto",     protocol,      kQuoted}); }
-int32_t PortMapping_InternalClient(int32_t operation, va_list arguments, int32_t position)         { return serve_field(operation, arguments, position, HERE, Field{"dest_ip",   address_value, kBare}); }
-int32_t PortMapping_PortMappingDescription(int32_t operation, va_list arguments, int32_t position) { return serve_field(operation, arguments, position, HERE, Field{"name",      any_text,      kBare}); }
+int32_t PortMapping_ExternalPort(int32_t operation, va_list arguments, int32_t position) {
+  return serve_field(operation, arguments, position, HERE, kExternalPort);
+}
+int32_t PortMapping_InternalPort(int32_t operation, va_list arguments, int32_t position) {
+  return serve_field(operation, arguments, position, HERE, kInternalPort);
+}
+int32_t PortMapping_PortMappingProtocol(int32_t operation, va_list arguments, int32_t position) {
+  return serve_field(operation, arguments, position, HERE, kProtocol);
+}
+int32_t PortMapping_InternalClient(int32_t operation, va_list arguments, int32_t position) {
+  return serve_field(operation, arguments, position, HERE, kInternalClient);
+}
+int32_t PortMapping_PortMappingDescription(int32_t operation, va_list arguments, int32_t position) {
+  return serve_field(operation, arguments, position, HERE, kDescription);
+}
 
+// clang-format off
 PARAMETER(WANDevice_WANConnectionDevice_WANIPConnection_PortMappingNumberOfEntries,     number_of_mappings,                 read_only)
-// The number says where in the path the mapping's number stands: behind the three of WANDevice, or first.
+// The last argument is the place of the mapping's number in the path: 3 behind those of WANDevice, 0 where it is first.
 ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_ExternalPort,           PortMapping_ExternalPort,           3)
 ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_InternalPort,           PortMapping_InternalPort,           3)
 ALIAS(WANDevice_WANConnectionDevice_WANIPConnection_PortMapping_PortMappingProtocol,    PortMapping_PortMappingProtocol,    3)

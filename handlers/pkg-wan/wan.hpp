@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string.h>
+#include <strings.h>
 
 #include "link.hpp"
+#include "store.hpp"
 
 namespace kova {
 
@@ -11,9 +13,10 @@ namespace kova {
 inline constexpr char kWan[] = "wan";
 inline constexpr Section wan{"network", kWan};
 
-// The protocol that the WAN is configured for, as stored. False when it cannot be read.
-using Protocol = Text<32>;
-bool read_protocol(Protocol& protocol);
+// The protocol that the WAN is configured for.
+struct Protocol : Option {
+  Protocol() : Option(wan, "proto") {}
+};
 
 // What the texts of an interface's up flag stand for.
 struct UpTexts {
@@ -22,37 +25,18 @@ struct UpTexts {
   const char* other;
   const char* no_answer;
 };
+inline constexpr UpTexts kUpOrDown{"Up", "Down", "Unknown", "Unknown"};
 
 bool reply_up(Call& call, const char* interface, const UpTexts& texts);
 
-// Replies the DNS servers of the link, joined with ",", however many; empty when it is not known to have any.
-bool live_dns_servers(Call& call);
+// ---- Tests of a text ----
 
-// The value when it is an IPv4 address; else nullptr, and logged.
-const char* address_value(const Call& call);
-
-// Prints a command line of a row's name, an option and a value and runs it at once. That it fails goes unnoticed, and
-// without a row there is nothing to do. False, nothing run, when the line would be cut.
-bool write_at_once(const char* form, const uci_section* row, const char* option, const char* value);
-
-// The body of a worker, which serves a field of a table's rows wherever the data model shows the table. `position` is
-// where the row's number stands among the instance numbers.
-template <typename Field>
-int32_t serve_field(int32_t operation, va_list arguments, int32_t position, Origin origin, const Field& field) {
-  const auto place = static_cast<std::size_t>(position);
-  return serve(
-      operation, arguments, origin, [=](Call& call) { return field.get(call, call.instance(place)); },
-      [=](Call& call) { return field.set(call, call.instance(place)); });
+constexpr auto exactly(auto... words) {
+  return [=](const char* text) { return (... || (strcmp(text, words) == 0)); };
 }
 
-// ---- Tests of the protocol ----
-
-constexpr auto exactly(const char* word) {
-  return [=](const Protocol& protocol) { return protocol == word; };
-}
-
-constexpr auto in_any_case(const char* word) {
-  return [=](const Protocol& protocol) { return strcasecmp(protocol.c_str(), word) == 0; };
+constexpr auto in_any_case(auto... words) {
+  return [=](const char* text) { return (... || (strcasecmp(text, words) == 0)); };
 }
 
 // ---- Getters ----
@@ -61,15 +45,18 @@ constexpr auto in_any_case(const char* word) {
 // protocol cannot be read.
 constexpr auto if_protocol(auto test, auto word, const char* otherwise) {
   return [=](Call& call) {
-    Protocol protocol;
-    if (!read_protocol(protocol)) return false;
-    return test(protocol) ? word(call) : call.reply(otherwise);
+    const Protocol protocol;
+    if (!protocol) return false;
+    return test(protocol.text()) ? word(call) : call.reply(otherwise);
   };
 }
 
 constexpr auto up_flag(const char* interface, UpTexts texts) {
   return [=](Call& call) { return reply_up(call, interface, texts); };
 }
+
+// The DNS servers of the link, joined with ","; cut to the 4 KiB that an agent is told to have room for.
+inline constexpr auto live_dns_servers = link_status<4096>(kWan, INTERFACE_DNS_SERVERS, "");
 
 inline constexpr auto live_connection_status =
     up_flag(kWan, {"Connected", "Disconnected", "Unconfigured", "Unconfigured"});

@@ -1,5 +1,7 @@
 #include "associated_devices.hpp"
 
+#include <string_view>
+
 #include "text.hpp"
 
 namespace kova {

@@ -1,4 +1,6 @@
 // WiFi.NeighboringWiFiDiagnostic: a scan for other networks, and what it has found.
+#include <string_view>
+
 #include "diagnostics.hpp"
 #include "pkg-wl.h"
 #include "text.hpp"

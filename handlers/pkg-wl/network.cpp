@@ -63,7 +63,7 @@ bool reply_counter(Call& call, const Network& network, interface_counter counter
   const Option interface(network.section, kInterface);
   if (!interface) return false;
   Text<128> count;
-  get_TotalBytesAndPackets_by_name(interface.text(), counter, count.data(), count.capacity());
+  get_TotalBytesAndPackets_by_name(interface.text(), counter, count.data(), Text<128>::capacity());
   return reply_or(call, count.c_str(), "0");
 }
 

@@ -58,7 +58,7 @@ bool current_width(Call& call, const Radio& radio) {
   constexpr char kQuery[] = R"(ubus call wireless status '{"iface":"%s"}' | grep htbw | tr '"' ' ' | awk '{print $3}')";
   const CommandLine command(kQuery, radio.main_network);
   Text<100> stored;
-  if (util_exec(command.c_str(), stored.data(), stored.capacity()) < 0) return call.refuse("GCOCBE.\n");
+  if (util_exec(command.c_str(), stored.data(), Text<100>::capacity()) < 0) return call.refuse("GCOCBE.\n");
   const char* width = text_for(kWidths, stored.view());
   return call.reply(width != nullptr ? width : "");
 }

@@ -1,6 +1,8 @@
 // Encryption of a wireless network. The older tree sets two states alone: open, or WPA with a passphrase.
 #pragma once
 
+#include <span>
+
 #include "wireless.hpp"
 
 namespace kova {

@@ -2,6 +2,7 @@
 // and the words that these objects share.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>

@@ -3,6 +3,8 @@
 #include <string.h>
 #include <strings.h>
 
+#include <span>
+
 #include "associated_devices.hpp"
 #include "channels.hpp"
 #include "network.hpp"

@@ -33,15 +33,16 @@ furnish_for_bubblewrap() {
   directory_inside /dev
   show "$device/rom" /rom
   show "$applets" /bin
-  for place in /usr/lib /usr/lib64 /usr/libexec/valgrind "$build"; do
+  for place in /usr/lib /usr/lib64 /usr/libexec/valgrind "$tools" "$build"; do
     [[ ! -d $place ]] || show "$place"
   done
   for place in "${!programs[@]}"; do
     show "${programs[$place]}" "$place"
   done
-  for place in "$emulator" "$arm_root"; do
-    [[ ! -x $emulator || ! -e $place ]] || show "$place"
-  done
+  if [[ $emulator ]]; then
+    show "$emulator"
+    show "$foreign_root"
+  fi
 }
 
 enter_bubblewrap() {

@@ -1,23 +1,17 @@
 # shellcheck shell=bash disable=SC2154 # lab/launch sets the rest
 # Sourced by lab/launch: what the router has of this machine's and of the build's programs.
 
-# For programs built for 64-bit Arm.
-emulator=/usr/bin/qemu-aarch64-static
-arm_root=/usr/aarch64-linux-gnu
-
-is_foreign() { [[ $(uname -m) != aarch64 && $(od -An -tx1 -j18 -N1 "$1") == ' b7' ]]; }
-
-# A program of the build as this machine can run it: itself, or a wrapper that emulates.
-runnable() {
-  local program=$1 wrapper=$build/lab/emulated/${1##*/}
-  if is_foreign "$program"; then
-    mkdir -p "${wrapper%/*}"
-    printf '#!/bin/sh\nexec %s -L %s %s "$@"\n' "$emulator" "$arm_root" "$program" >"$wrapper.$$"
-    chmod 755 "$wrapper.$$" && mv "$wrapper.$$" "$wrapper"
-    program=$wrapper
-  fi
-  printf '%s\n' "$program"
+# Sets `emulator` and `foreign_root`, the program that runs those of the build and the libraries of their processor,
+# where they are this machine's and not the build's own.
+find_emulator() {
+  local words
+  IFS=';' read -ra words < <(sed -n 's/^CMAKE_CROSSCOMPILING_EMULATOR:STRING=//p' "$build/CMakeCache.txt") || return 0
+  [[ ${words[0]} != /* ]] || return 0
+  emulator=$(need qemu-user-static "${words[0]}") || exit
+  foreign_root=${words[2]}
 }
+emulator=
+foreign_root=
 
 # BusyBox under all its names, made once for a build.
 make_applets() {
@@ -44,8 +38,8 @@ find_programs() {
   found=$(need iproute2 ip) || exit
   programs[/usr/sbin/ip]=$found
   for tool in uci ubus; do
-    if [[ -x $build/lab/bin/$tool ]]; then
-      programs[/usr/bin/$tool]=$(runnable "$build/lab/bin/$tool")
+    if [[ -x $tools/lab/bin/$tool ]]; then
+      programs[/usr/bin/$tool]=$tools/lab/bin/$tool
     elif found=$(find_tool $tool); then
       programs[/usr/bin/$tool]=$found
     fi
@@ -58,6 +52,7 @@ find_programs() {
     programs[/usr/bin/llvm-symbolizer]=$found
     environment+=(ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer)
   fi
+  find_emulator
   applets=$build/lab/applets
   make_applets "$busybox"
 }

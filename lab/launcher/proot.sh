@@ -64,14 +64,15 @@ furnish_for_proot() {
   for library in $(libraries_of "${programs[@]}" "$build/kovadm" "$1"); do
     install_copy "$library"
   done
-  if [[ -x $emulator && -x $build/lab/bin/uci ]] && is_foreign "$build/lab/bin/uci"; then
-    for library in "$emulator" "$arm_root"/lib/*.so*; do
-      install_copy "$library"
-    done
+  if [[ $emulator ]]; then
+    install_copy "$emulator"
+    is_around "$build" "$foreign_root" || for library in "$foreign_root"/lib/*.so*; do install_copy "$library"; done
   fi
   install_devices
-  directory_inside "$build"
-  bound+=("$build")
+  for place in "$build" "$tools"; do
+    directory_inside "$place"
+    bound+=("$place")
+  done
 }
 
 # proot ends when its last process does. So the router's program is run by a shell that then ends proot, which takes all

@@ -7,9 +7,12 @@ namespace kova::test {
 Answer get(parameter_handler handler, agent_state& agent, const Instances& instances) {
   std::string output(65536, '\0');
   kUntouched.copy(output.data(), kUntouched.size());
+  const std::string before = output;
   Instances numbers = instances;  // which some handlers rewrite
   const int32_t result = seam::get(handler, numbers.data(), output.data(), &agent);
-  output.resize(std::strlen(output.data()));
+  const std::size_t end = std::strlen(output.data()) + 1;
+  if (output.compare(end, std::string::npos, before, end) != 0) return {result, "<written into more than the reply>"};
+  output.resize(end - 1);
   return {result, output};
 }
 

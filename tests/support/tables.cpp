@@ -87,6 +87,12 @@ Source asks(const std::string& command) {
   return {[] {}, {command}};
 }
 
+const Source no_room{[] {
+  struct statfs full = {};
+  full.f_blocks = full.f_frsize = 4096;
+  seams().file_system = full;
+}};
+
 Source write_fails(const std::string& setting) {
   return {[=] {
     seams().on_log = [=](const std::string& message) {

@@ -40,6 +40,8 @@ Source prints(const std::string& command, const std::string& output);
 Source asks(const std::string& command);
 // Commands whose output would be read cannot be started.
 inline const Source no_pipes{[] { seams().popen_fails = true; }};
+// No file system has room for a file.
+extern const Source no_room;
 // The store refuses the first write of this: "package.section.option", or with "=" and the beginning of a value.
 Source write_fails(const std::string& setting);
 // No command is run: each of those given to system ends with this status, as wait has it.
