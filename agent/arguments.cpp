@@ -93,12 +93,10 @@ void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::strin
   profiles->add_flag("--live", arguments.live, "Ask the device too whether the parameters answer");
 }
 
-// Tells what was wrong, or the help. Returns the exit status.
-int tell(const CLI::App& app, const CLI::ParseError& error) {
-  const std::vector<std::string> words = app.remaining();
-  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr && !words.empty())
-    std::cerr << "kovadm: no command \"" << words.front() << "\"\n";
-  return app.exit(error) == 0 ? 0 : kUsage;
+constexpr char kSeeHelp[] = "Run with --help for more information.\n";
+
+bool lacks_command(const CLI::App& app, const CLI::ParseError& error) {
+  return dynamic_cast<const CLI::RequiredError*>(&error) != nullptr && app.get_subcommands().empty();
 }
 
 // For the shell's completion: "complete" and the words so far, which need not make a command line yet.
@@ -123,8 +121,23 @@ std::variant<Arguments, int> parse_arguments(int argc, char** argv) {
     arguments.settings = split_settings(settings);
     return arguments;
   } catch (const CLI::ParseError& error) {
-    return tell(app, error);
+    if (error.get_exit_code() == 0) return app.exit(error);  // which tells the help or the version
+    const std::vector<std::string> words = app.remaining();
+    if (!lacks_command(app, error)) {
+      tell_misuse(argc, argv, error.what(), kSeeHelp);
+    } else if (words.empty()) {
+      tell_misuse(argc, argv, "no command", app.help());
+    } else {
+      tell_misuse(argc, argv, "no command \"" + words.front() + '"', kSeeHelp);
+    }
+    return kUsage;
   }
+}
+
+void tell_misuse(int argc, char** argv, const std::string& error, const std::string& help) {
+  std::cerr << "kovadm: " << error << '\n' << help;
+  if (std::find(argv, argv + argc, std::string_view("--json")) != argv + argc)
+    std::cout << Json({{"error", error}}).dump(2, ' ', false, Json::error_handler_t::replace) << std::endl;
 }
 
 }  // namespace kovadm

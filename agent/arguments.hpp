@@ -31,6 +31,9 @@ struct Arguments {
   std::vector<Setting> settings;
 };
 
+// Tells what is wrong, on standard output too where the arguments ask for JSON.
+void tell_misuse(int argc, char** argv, const std::string& error, const std::string& help = "");
+
 // The arguments; or, when help was asked for or something is wrong with them, the exit status, all being told.
 std::variant<Arguments, int> parse_arguments(int argc, char** argv);
 

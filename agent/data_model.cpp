@@ -42,7 +42,7 @@ std::vector<std::string> split_path(std::string_view path) {
 }
 
 std::optional<int32_t> instance_number(std::string_view component) {
-  if (component.empty() || component[0] == '-') return std::nullopt;
+  if (component.empty() || component[0] == '-' || (component[0] == '0' && component != "0")) return std::nullopt;
   int32_t number = 0;
   const auto [end, error] = std::from_chars(component.begin(), component.end(), number);
   if (error != std::errc() || end != component.end()) return std::nullopt;

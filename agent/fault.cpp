@@ -9,6 +9,8 @@ std::string to_text(FaultCode code) {
   switch (code) {
     case FaultCode::INTERNAL_ERROR:
       return "Internal error";
+    case FaultCode::INVALID_ARGUMENTS:
+      return "Invalid arguments";
     case FaultCode::INVALID_PARAMETER_NAME:
       return "Invalid parameter name";
     case FaultCode::INVALID_PARAMETER_VALUE:
@@ -22,6 +24,11 @@ std::string to_text(FaultCode code) {
 Fault unknown_path(const std::string& path) {
   if (path.find(kInstance) != std::string::npos) {
     return {FaultCode::INVALID_PARAMETER_NAME, path, "{i} stands for an instance number", ""};
+  }
+  for (const std::string& component : split_path(path)) {
+    if (!component.empty() && component.find_first_not_of("0123456789") == std::string::npos &&
+        !instance_number(component))
+      return {FaultCode::INVALID_PARAMETER_NAME, path, '"' + component + "\" is no instance number", ""};
   }
   if (is_object(path)) return {FaultCode::INVALID_PARAMETER_NAME, path, "an object, not a parameter", ""};
   return {FaultCode::INVALID_PARAMETER_NAME, path, "", nearest_path(path)};

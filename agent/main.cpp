@@ -112,6 +112,6 @@ int main(int argc, char** argv) try {
   finish_standard_output();
   return std::get<int>(parsed);
 } catch (const std::exception& error) {
-  std::cerr << "kovadm: " << error.what() << '\n';
+  tell_misuse(argc, argv, error.what());
   return kUsage;
 }

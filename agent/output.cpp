@@ -18,11 +18,10 @@ FILE* open_standard_output() {
   return opened;
 }
 
-// Shown at once: the next line may take a while.
-void put_line(FILE* file, const std::string& text) {
-  std::fwrite(text.data(), 1, text.size(), file);
-  std::fputc('\n', file);
-  std::fflush(file);
+// Shown at once: the next line may take a while. False, and errno says why, when it was not taken.
+bool put_line(FILE* file, const std::string& text) {
+  return std::fwrite(text.data(), 1, text.size(), file) == text.size() && std::fputc('\n', file) != EOF &&
+         std::fflush(file) == 0;
 }
 
 std::string to_text(const Fault& fault) {
@@ -72,12 +71,16 @@ void Output::Closer::operator()(FILE* file) const { std::fclose(file); }
 
 Output::Output(bool json) : json_(json), file_(open_standard_output()), commands_({STDOUT_FILENO}) {}
 
+void Output::put(const std::string& text) {
+  if (!put_line(file_.get(), text) && lost_ == 0) lost_ = errno;
+}
+
 void Output::take_printed() {
   const std::string text = commands_.take();
   printed_ += text;
   if (json_) return;
   std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) put_line(file_.get(), "printed: " + one_line(line));
+  for (std::string line; std::getline(stream, line);) put("printed: " + one_line(line));
 }
 
 // Not at once: while it is found out, what is written to standard error may be caught.
@@ -91,7 +94,7 @@ void Output::tell_notes() {
 void Output::line(const std::string& text) {
   take_printed();
   tell_notes();
-  if (!json_) put_line(file_.get(), text);
+  if (!json_) put(text);
 }
 
 void Output::value(const std::string& path, const std::string& value) {
@@ -127,9 +130,8 @@ int Output::finish(int success) {
   if (!document_.contains("printed")) document_["printed"] = printed_;
   document_["faults"] = faults_;
   // Values are bytes of the device's; what is no UTF-8 is replaced.
-  if (json_) put_line(file_.get(), document_.dump(2, ' ', false, Json::error_handler_t::replace));
-  if (std::ferror(file_.get()) != 0 || std::fflush(file_.get()) != 0)
-    throw std::system_error(errno, std::generic_category(), "standard output");
+  if (json_) put(document_.dump(2, ' ', false, Json::error_handler_t::replace));
+  if (lost_ != 0) throw std::system_error(lost_, std::generic_category(), "standard output");
   return failed_ || !faults_.empty() ? 1 : success;
 }
 

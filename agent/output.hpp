@@ -27,6 +27,7 @@ class Output {
 
   void value(const std::string& path, const std::string& value);
   void fault(const Fault& fault);
+  bool has_faults() const { return !faults_.empty(); }
 
   // What failed without being a fault of a parameter; the document tells it elsewhere.
   void failure(const std::string& text);
@@ -50,11 +51,13 @@ class Output {
     void operator()(FILE* file) const;
   };
 
+  void put(const std::string& text);  // a line, on what was standard output
   void take_printed();
   void tell_notes();
 
   bool json_;
   bool failed_ = false;
+  int lost_ = 0;  // why standard output did not take a line: an errno
   std::unique_ptr<FILE, Closer> file_;
   seam::CaughtOutput commands_;
   std::string printed_;

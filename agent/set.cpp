@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "apply.hpp"
 #include "apply_mask.hpp"
@@ -6,6 +7,7 @@
 #include "commands.hpp"
 #include "effect.hpp"
 #include "instances.hpp"
+#include "seam/work_directory.hpp"
 #include "task_records.hpp"
 #include "value_type.hpp"
 
@@ -35,10 +37,13 @@ bool stores_anything(const std::vector<Change>& all) {
 // The calls of a request that can be made; none, and the faults told, where one of them cannot.
 std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool force, Output& output) {
   std::vector<Call> calls;
+  std::set<std::string> paths;
   for (const auto& [path, value] : settings) {
     const auto parameter = find_parameter(path);
     if (!parameter) {
       output.fault(unknown_path(path));
+    } else if (!paths.insert(path).second) {
+      output.fault({FaultCode::INVALID_ARGUMENTS, path, "given twice", ""});
     } else if (parameter->row->access == Access::READ_ONLY) {
       output.fault({FaultCode::NON_WRITABLE_PARAMETER, path, "", ""});
     } else if (const auto missing = missing_instance(agent, path)) {
@@ -97,6 +102,7 @@ void apply_request(Request& request, const seam::Texts& before, Output& output) 
 int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& options, Output& output) {
   const std::vector<Call> calls = check(agent, settings, options.force, output);
   if (calls.empty()) return output.finish();
+  seam::expect_temporary_directories();  // without which nobody could be told what has changed
 
   output.document()["values"] = Json::array();
   Request request;

@@ -11,6 +11,7 @@
 
 #include "seam/paths.hpp"
 #include "seam/platform.hpp"
+#include "seam/work_directory.hpp"
 
 namespace seam {
 namespace {
@@ -29,9 +30,7 @@ bool is_foreign(const fs::path& path) {
 // Directories for libuci to read, gone at once: nothing of the device's is to be seen in them.
 class Scratch {
  public:
-  Scratch() : path_(fs::temp_directory_path() / "kova-XXXXXX") {
-    if (mkdtemp(path_.data()) == nullptr) throw std::system_error(errno, std::generic_category(), path_);
-  }
+  Scratch() = default;
   ~Scratch() {
     std::error_code ignored;
     fs::remove_all(path_, ignored);
@@ -46,7 +45,7 @@ class Scratch {
   }
 
  private:
-  std::string path_;
+  std::string path_ = make_temporary_directory();
 };
 
 void add_section(const uci_section& section, Texts& options) {

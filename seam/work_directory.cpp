@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostDescriptors = 1024;
 
-[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category(), "a temporary directory"); }
+[[noreturn]] void fail(const std::string& what) { throw std::system_error(errno, std::generic_category(), what); }
 
 // In a child: waits for the run's end, which closes the pipe, and removes the directory.
 [[noreturn]] void remove_at_end(int run, const std::string& path) {
@@ -35,11 +35,21 @@ constexpr int kMostDescriptors = 1024;
 
 }  // namespace
 
-WorkDirectory::WorkDirectory() : path_(fs::temp_directory_path() / "kovadm-XXXXXX") {
+std::string make_temporary_directory() {
+  const char* chosen = std::getenv("TMPDIR");
+  const std::string around = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
+  std::string path = around + "/kovadm-XXXXXX";
+  if (mkdtemp(path.data()) == nullptr) fail("a temporary directory in " + around);
+  return path;
+}
+
+void expect_temporary_directories() { fs::remove(make_temporary_directory()); }
+
+WorkDirectory::WorkDirectory() : path_(make_temporary_directory()) {
   std::array<int, 2> ends = {-1, -1};
-  if (mkdtemp(path_.data()) == nullptr || pipe2(ends.data(), O_CLOEXEC) != 0) fail();
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) fail("a pipe");
   remover_ = fork();
-  if (remover_ < 0) fail();
+  if (remover_ < 0) fail("a process");
   alive_ = ends[1];
   if (remover_ == 0) {
     close(ends[1]);

@@ -7,9 +7,13 @@
 
 namespace seam {
 
+// A new directory below that for temporary files, for nobody else to read. Throws std::system_error.
+std::string make_temporary_directory();
+// Throws where there could be none.
+void expect_temporary_directories();
+
 class WorkDirectory {
  public:
-  // Below the directory for temporary files, for nobody else to read. Throws std::system_error.
   WorkDirectory();
   ~WorkDirectory();
   WorkDirectory(const WorkDirectory&) = delete;

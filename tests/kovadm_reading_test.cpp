@@ -66,8 +66,9 @@ TEST_F(Kovadm, ValuesAreOfAnyLength) {
 }
 
 TEST_F(Kovadm, AFaultOnStandardOutputIsNoSuccess) {
-  for (const char* format : {"", "--json "}) {
-    EXPECT_EQ(WEXITSTATUS(run(std::string("kovadm ") + format + "get " SERVER "URL >/dev/full 2>/root/error")), 2);
+  for (const char* command :
+       {"get " SERVER "URL", "--json get " SERVER "URL", "explain Device.Hosts.Host.1.IPAddress", "list", "--help"}) {
+    EXPECT_EQ(WEXITSTATUS(run(std::string("kovadm ") + command + " >/dev/full 2>/root/error")), 2);
     EXPECT_EQ(contents("/root/error"), "kovadm: standard output: No space left on device\n");
   }
   // A closed standard error is not mixed up with standard output.
@@ -78,14 +79,15 @@ TEST_F(Kovadm, AFaultOnStandardOutputIsNoSuccess) {
 TEST_F(Kovadm, FaultsCarryTheProtocolsNumbersAndTheRestIsAnswered) {
   const Finished get = kovadm(
       "get Device.Users.User.2.Usernam Device.Users.User.9.Username Device.Users.User.1.Username "
-      "Device.Users.User.{i}.Username Device.Users.User.1");
+      "Device.Users.User.{i}.Username Device.Users.User.1 Device.Users.User.01.Username");
   EXPECT_EQ(get.status, 1);
   EXPECT_EQ(get.out, "Device.Users.User.1.Username = admin\n");
   EXPECT_EQ(get.error,
             "9005 Invalid parameter name: Device.Users.User.2.Usernam\n     nearest: Device.Users.User.2.Username\n"
             "9005 Invalid parameter name: Device.Users.User.9.Username (no such instance: Device.Users.User has 2)\n"
             "9005 Invalid parameter name: Device.Users.User.{i}.Username ({i} stands for an instance number)\n"
-            "9005 Invalid parameter name: Device.Users.User.1 (an object, not a parameter)\n");
+            "9005 Invalid parameter name: Device.Users.User.1 (an object, not a parameter)\n"
+            "9005 Invalid parameter name: Device.Users.User.01.Username (\"01\" is no instance number)\n");
   const json faults = kovadm("get --json Device.Users.User.9.Username").document()["faults"];
   EXPECT_EQ(faults[0]["code"], 9005);
   EXPECT_EQ(faults[0]["path"], "Device.Users.User.9.Username");
@@ -128,6 +130,9 @@ TEST_F(Kovadm, KnowsWhatIsMeantWithAPath) {
   for (const auto& [path, meant] : paths)
     EXPECT_EQ(kovadm(std::string("get --json ") + path).document()["faults"][0]["nearest"], meant);
   EXPECT_EQ(kovadm("get Xyz").error, "9005 Invalid parameter name: Xyz\n");
+  const std::string longest(100000, 'x');
+  for (const std::string& path : {longest, "Device." + longest, "Device.1." + longest})
+    EXPECT_EQ(run("timeout 1 kovadm get " + path + " >/dev/null 2>&1; test $? = 1"), 0);
 }
 
 TEST_F(Kovadm, WalksEveryParameterOfTheDevice) {

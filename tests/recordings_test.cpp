@@ -126,6 +126,8 @@ TEST_F(Kovadm, ARecordingIsItsOwnersAndFollowsNoLink) {
   }
   EXPECT_EQ(WEXITSTATUS(run("(trap '' XFSZ; ulimit -f 1; kovadm record " RECORDING " 2>/dev/null)")), 2);
   EXPECT_EQ(contents(RECORDING), good);
+  EXPECT_EQ(kovadm("record " RECORDING " Device.Users. Device.Nowhere.").status, 1);
+  EXPECT_EQ(contents(RECORDING), good);
   EXPECT_EQ(contents("/root/theirs"), "before");
   EXPECT_EQ(
       run("test -z \"$(ls " RECORDING ".* 2>/dev/null)\"; rm -r /root/fifo /root/link /etc/config/linked /tmp/diag"),

@@ -46,6 +46,7 @@ int record(Agent& agent, const std::string& file, const std::vector<std::string>
   recording.prefixes = prefixes;
   recording.with_secrets = with_secrets;
   const Made made = make_recording(agent, recording, output);
+  if (output.has_faults()) return output.finish();  // of prefixes: it would not be what was meant
   write_own_file(file, to_text(recording));
   const std::tuple<const char*, const char*, std::size_t> counts[] = {{"parameters", "", made.parameters},
                                                                       {"commands", "", recording.commands.size()},

@@ -10,6 +10,9 @@ _kovadm() {
   else
     mapfile -t COMPREPLY < <("$1" complete "${words[@]:1}" 2>/dev/null)
   fi
+  # bash takes what stands behind a colon for a word of its own.
+  local before_colon=${words[-1]%"${words[-1]##*:}"}
+  [[ $COMP_WORDBREAKS != *:* ]] || COMPREPLY=("${COMPREPLY[@]#"$before_colon"}")
   # More is to come behind an object's dot, and a value behind "=".
   [[ ${COMPREPLY[0]-} != *[.=] ]] || compopt -o nospace
 }
