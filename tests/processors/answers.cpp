@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -79,10 +78,10 @@ void print_lines(char sign, const std::string& of, const std::string& not_of) {
 }
 
 void print_changes(const seam::Texts& before, const seam::Texts& after) {
-  for (const seam::Difference& change : seam::differences(before, after)) {
-    printf("    %s %s\n", change.after ? "writes" : "removes", change.path.c_str());
-    print_lines('-', change.before.value_or(""), change.after.value_or(""));
-    print_lines('+', change.after.value_or(""), change.before.value_or(""));
+  for (const auto& [path, old_text, text] : seam::differences(before, after)) {
+    printf("    %s %s\n", text ? "writes" : "removes", path.c_str());
+    print_lines('-', old_text.value_or(""), text.value_or(""));
+    print_lines('+', text.value_or(""), old_text.value_or(""));
   }
 }
 
@@ -91,11 +90,11 @@ void print_set(const Row& row, const char* value, const seam::Snapshot& factory)
   while (wait(nullptr) > 0 || errno == EINTR) {  // what runs on in the background
   }
   printf("  set \"%s\": %d, mask 0x%x\n", value, outcome.result, outcome.mask);
-  const auto now = seam::Snapshot::of_lab();
+  const seam::Snapshot now = seam::Snapshot::of_lab();
   if (now == factory) return;
   print_changes(factory.texts(), now.texts());
   print_get(row);
-  factory.restore();
+  factory.restore(now);
 }
 
 void print_refusal(const Row& row) {
@@ -106,7 +105,7 @@ void print_refusal(const Row& row) {
 void print_all() {
   for (const auto& still : kStill) std::ofstream(still.file) << still.text;
   for (const Row& row : kCatalogue) get(row.handler, kFirstRow);  // for the files that scripts make once
-  const auto factory = seam::Snapshot::of_lab();
+  const seam::Snapshot factory = seam::Snapshot::of_lab();
   for (const Row& row : kCatalogue) {
     printf("%s\n", row.name.c_str());
     print_get(row);
@@ -118,15 +117,17 @@ void print_all() {
   }
 }
 
+std::string stilled(const std::string& command) {
+  for (const auto& still : kStill) {
+    if (command.starts_with(still.command))
+      return std::string("cat ") + still.file + " " + command.substr(still.command.size());
+  }
+  return command;
+}
+
 class Still : public seam::Platform {
- public:
   FILE* popen(const char* command, const char* mode) override {
-    std::string text = command;
-    for (const auto& still : kStill) {
-      if (text.starts_with(still.command))
-        text.replace(0, still.command.size(), std::string("cat ") + still.file + " ");
-    }
-    return Platform::popen(text.c_str(), mode);
+    return Platform::popen(stilled(command).c_str(), mode);
   }
 };
 
@@ -136,6 +137,6 @@ class Still : public seam::Platform {
 int main() {
   prctl(PR_SET_CHILD_SUBREAPER, 1);
   kova::test::Still still;
-  const seam::InUse in_use(still, seam::Calls::OF_PROCESS);
+  const seam::InUse use(still, seam::Calls::OF_PROCESS);
   kova::test::print_all();
 }
