@@ -12,7 +12,7 @@ constexpr char kSeparators[] = "-:";
 
 kova::Text<21> board_mac() {
   kova::Text<21> mac;
-  get_mac(mac.data(), mac.capacity());
+  get_mac(mac.data(), kova::Text<21>::capacity());
   return mac;
 }
 

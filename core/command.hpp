@@ -69,7 +69,7 @@ bool first_line(const char* command, std::span<char> line);
 template <std::size_t Size>
 Text<Size> logged_first_line(const char* command) {
   Text<Size> line;
-  util_exec(command, line.data(), line.capacity());
+  util_exec(command, line.data(), Text<Size>::capacity());
   return line;
 }
 

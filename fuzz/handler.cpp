@@ -65,7 +65,7 @@ Router router;
 const seam::InUse in_use(router, seam::Calls::OF_PROCESS);
 
 // A file that is no business of the plug-in's.
-constexpr char kOutside[] = "/root/outside";
+constexpr char kOutside[] = "/etc/outside";
 constexpr char kOutsideText[] = "config other 'other'\n\toption own '1'\n";
 
 // The texts that can be spoilt: packages, and what other programs leave for the plug-in to read.

@@ -24,13 +24,13 @@ bool manufacturer_oui(Call& call) {
 
 bool oui(Call& call) {
   Text<99> text;
-  if (get_oui(text.data(), text.capacity()) < 1) return call.reply("02a4f1");
+  if (get_oui(text.data(), Text<99>::capacity()) < 1) return call.reply("02a4f1");
   return call.reply(text.c_str());
 }
 
 bool serial_number(Call& call) {
   Text<256> number;
-  get_device_sn(number.data(), number.capacity());
+  get_device_sn(number.data(), Text<256>::capacity());
   if (number.empty()) {
     LOG("NASNFUD.\n\n");
     return call.reply("01234567890");
