@@ -8,6 +8,7 @@
 #include "effect.hpp"
 #include "instances.hpp"
 #include "seam/work_directory.hpp"
+#include "shell_ways.hpp"
 #include "task_records.hpp"
 #include "value_type.hpp"
 
@@ -52,6 +53,7 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
       const std::string detail = "no " + to_text(parameter->row->type) + ": \"" + value + '"';
       output.fault({FaultCode::INVALID_PARAMETER_VALUE, path, detail, ""});
     } else {
+      warn_of_shell(*parameter, value, output);
       calls.push_back({*parameter, value});
     }
   }
