@@ -15,8 +15,8 @@
 namespace kovadm {
 namespace {
 
-// The exit status of a request that was accepted, but partly in vain.
-constexpr int kInVain = 3;
+// The exit status of a request that was accepted, but for some value nothing changed.
+constexpr int kNothingChanged = 3;
 
 struct Call {
   Parameter parameter;
@@ -114,10 +114,10 @@ int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& op
   const bool ran = options.apply && request.accepted.size() == calls.size();
   if (ran) apply_request(request, requested, output);
 
-  bool in_vain = false;
+  bool nothing_changed = false;
   for (const Accepted& setting : request.accepted)
-    in_vain |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
-  return output.finish(in_vain ? kInVain : 0);
+    nothing_changed |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
+  return output.finish(nothing_changed ? kNothingChanged : 0);
 }
 
 }  // namespace kovadm
