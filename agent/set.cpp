@@ -20,7 +20,8 @@ constexpr int kNothingChanged = 3;
 
 struct Call {
   Parameter parameter;
-  std::string value;
+  std::string asked;
+  std::string passed;  // to the handler
 };
 
 // A request under way.
@@ -54,7 +55,7 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
       output.fault({FaultCode::INVALID_PARAMETER_VALUE, path, detail, ""});
     } else {
       warn_of_shell(*parameter, value, output);
-      calls.push_back({*parameter, value});
+      calls.push_back({*parameter, value, force ? value : as_handlers_know(value, parameter->row->type)});
     }
   }
   if (calls.size() < settings.size()) calls.clear();
@@ -64,16 +65,17 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
 // Makes the calls; those that are refused leave the others as they are.
 void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, Output& output) {
   seam::Texts before = request.start;
-  for (const auto& [parameter, value] : calls) {
+  for (const auto& [parameter, asked, passed] : calls) {
     uint32_t raised = 0;
-    if (const auto fault = agent.set(parameter, value, raised)) {
+    if (passed != asked) output.line("passed: " + parameter.path + " = " + passed);
+    if (const auto fault = agent.set(parameter, passed, raised)) {
       output.fault(*fault);
       continue;
     }
     request.mask |= raised;
     seam::Texts after = seam::kept_files();
     const bool stored = stores_anything(changes(before, after, request.start));
-    request.accepted.push_back({parameter, value, raised, stored});
+    request.accepted.push_back({parameter, asked, passed, raised, stored});
     before = std::move(after);
   }
 }

@@ -79,6 +79,20 @@ TEST_F(Kovadm, WarnsOfValuesThatAShellActsOn) {
   }
 }
 
+TEST_F(Kovadm, HandlersArePassedTheBooleansThatTheyKnow) {
+  const std::string path = "InternetGatewayDevice.LANDevice.1.WLANConfiguration.1.SSIDAdvertisementEnabled";
+  const std::tuple<const char*, const char*, const char*, bool> sets[] = {
+      {"", "true", "1", true}, {"", "false", "0", true}, {"", "0", "0", false}, {"--force ", "true", "0", false}};
+  for (const auto& [option, asked, reads, changed] : sets) {
+    kovadm("set " + path + "=1");
+    const json value = kovadm(std::string("set --json ") + option + path + "=" + asked).document()["values"][0];
+    EXPECT_EQ(value["value"], reads) << option << asked;
+    EXPECT_EQ(value["asked"], asked);
+    EXPECT_EQ(value.value("passed", "as asked"), changed ? reads : "as asked");
+  }
+  EXPECT_NE(kovadm("explain " + path + "=false").out.find("passed     0\n"), std::string::npos);
+}
+
 TEST_F(Kovadm, ValuesComeFromFilesToo) {
   write_file("/root/value", " a b\n\n");
   EXPECT_EQ(kovadm("set " SERVER "Username=@/root/value").status, 0);
