@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <filesystem>
 #include <iterator>
+#include <regex>
 #include <vector>
 
 #include "bus.hpp"
@@ -63,9 +64,14 @@ class Router final : public Bus {
 Router router;
 const seam::InUse in_use(router, seam::Calls::OF_PROCESS);
 
+// A file that is no business of the plug-in's.
+constexpr char kOutside[] = "/root/outside";
+constexpr char kOutsideText[] = "config other 'other'\n\toption own '1'\n";
+
 // The texts that can be spoilt: packages, and what other programs leave for the plug-in to read.
 struct World {
   World() {
+    seam::write_file(kOutside, kOutsideText);
     files = seam::Snapshot({seam::kMainStore}).texts();
     for (const char* directory : {seam::kMainStore, "/tmp"}) test::mount_memory(directory, 65536);
     for (const char* directory : {seam::kStateFiles, seam::kTestFiles}) std::filesystem::create_directories(directory);
@@ -97,14 +103,43 @@ struct World {
 
 const World world;  // before the fuzzer has threads, which may not mount
 
-std::string spoilt(std::string text, Input& input) {
-  const uint32_t kind = input.number(1);
+// Every number in a text is the largest that a counter can have.
+std::string with_hostile_counters(const std::string& text) {
+  static const std::regex number("[0-9]+");
+  return std::regex_replace(text, number, "2147483647");
+}
+
+std::string spoilt(std::string text, uint32_t kind, Input& input) {
+  if (kind >= 240) return with_hostile_counters(text);
   std::string piece = input.text();
   const size_t place = input.number(2) % (text.size() + 1);
   if (kind % 4 == 0) return piece;                                                 // another text
   if (kind % 4 == 1) return text.substr(0, place);                                 // cut
   if (kind % 4 == 2) return text.insert(place, piece);                             // with more
   return text.replace(place, std::min(piece.size(), text.size() - place), piece);  // with something else
+}
+
+// Spoils what is at a path: a directory, a link out of the device, or a file with another text.
+void spoil(const std::string& path, Input& input) {
+  const uint32_t kind = input.number(1);
+  if (kind < 250) return seam::write_file(path, spoilt(world.files.at(path), kind, input));
+  std::filesystem::remove(path);
+  if (kind < 253) {
+    std::filesystem::create_directory(path);
+  } else {
+    std::filesystem::create_symlink(kOutside, path);
+  }
+}
+
+// What a set may have changed. The mirrors are left to fill up.
+void restore(const std::string& spoilt_path) {
+  require(seam::read_file(kOutside) == kOutsideText);
+  std::error_code unknown;
+  if (!std::filesystem::is_regular_file(std::filesystem::symlink_status(spoilt_path)))
+    std::filesystem::remove_all(spoilt_path);
+  for (const auto& [path, text] : world.files) {
+    if (path == spoilt_path || std::filesystem::file_size(path, unknown) != text.size()) seam::write_file(path, text);
+  }
 }
 
 // A handler and its arguments.
@@ -150,14 +185,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   router.command_status = static_cast<int32_t>(input.number(1) % 3) - 1;
   router.status = input.number(1) % 4 == 1 ? 7 : 0;
   const std::string& path = world.paths[input.number(1) % world.paths.size()];
-  seam::write_file(path, spoilt(world.files.at(path), input));
+  spoil(path, input);
   router.printed = input.text();
   router.reply = input.text();
   ask(question);
-  // A set may have changed any; the mirrors are left to fill up.
-  for (const auto& [each, text] : world.files) {
-    std::error_code unknown;
-    if (each == path || std::filesystem::file_size(each, unknown) != text.size()) seam::write_file(each, text);
-  }
+  restore(path);
   return 0;
 }

@@ -140,13 +140,14 @@ TEST_F(Routing, ChangesAreWrittenAtOnceByACommand) {
     const std::string path = std::string("network.first.") + option;
     const std::string command = runs("uci set " + path + "=" + written + " && uci commit");
     const Source long_name = package("network", "config route " + std::string(5000, 'n'));
-    expect_sets({{At{handler, {7, 1}}, value, accepted(APPLY_ROUTES), {changes(path, written), command}},
-                 {At{handler, {1, 1}}, value, accepted(APPLY_ROUTES), {command}, exits(256)},
-                 {At{handler, {1, 1}}, value, kRefused, {}, no_room},
-                 {At{handler, {1, 1}}, value, accepted(APPLY_ROUTES), {command}, test::option(path, written) && no_room},
-                 {At{handler, {1, 4}}, value, accepted(APPLY_ROUTES)},  // no row: nothing to write, yet they are marked
-                 {At{handler, {1, 0}}, value, accepted(APPLY_ROUTES)},
-                 {At{handler, {1, 1}}, value, kRefused, {}, long_name}});  // the command would be cut
+    expect_sets(
+        {{At{handler, {7, 1}}, value, accepted(APPLY_ROUTES), {changes(path, written), command}},
+         {At{handler, {1, 1}}, value, accepted(APPLY_ROUTES), {command}, exits(256)},
+         {At{handler, {1, 1}}, value, kRefused, {}, no_room},
+         {At{handler, {1, 1}}, value, accepted(APPLY_ROUTES), {command}, test::option(path, written) && no_room},
+         {At{handler, {1, 4}}, value, accepted(APPLY_ROUTES)},  // no row: nothing to write, yet they are marked
+         {At{handler, {1, 0}}, value, accepted(APPLY_ROUTES)},
+         {At{handler, {1, 1}}, value, kRefused, {}, long_name}});  // the command would be cut
   }
   for (const char* value : {"Device.IP.Interface.1", "Device.IP.Interface.4.", "wan"})
     expect_sets({{At{ROUTE(Interface), {1, 4}}, value, kRefused}});
