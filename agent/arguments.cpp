@@ -75,7 +75,7 @@ void define_commands(CLI::App& app, Arguments& arguments, std::vector<std::strin
   set->add_option("PATH=VALUE", settings, "VALUE @FILE is read from a file, @- from standard input; @@ stands for @")
       ->required();
   set->add_flag("--apply", arguments.set.apply, "Do the agent's part too: run the recorded commands and the services");
-  set->add_flag("--force", arguments.set.force, "Pass on what is no value of the parameter's type, too");
+  set->add_flag("--force", arguments.set.force, "Pass on what was typed, a value of the parameter's type or not");
   CLI::App* walk = app.add_subcommand("walk", "Values of all parameters below PREFIX, instances expanded");
   walk->add_option("PREFIX", arguments.prefixes, kPrefixes);
   CLI::App* explain = app.add_subcommand("explain", "What one get of PATH, or one set, really does");

@@ -29,7 +29,7 @@ bool is_secret(const Parameter& parameter) {
 }
 
 Effect effect_on(const Accepted& setting, const std::string& value, bool ran) {
-  if (value == setting.asked) return Effect::AS_ASKED;
+  if (value == setting.passed) return Effect::AS_ASKED;
   if (value.empty() && is_secret(setting.parameter)) return Effect::HIDDEN;
   if ((setting.raised & APPLY_TASK_COMMANDS) != 0 && !ran) return Effect::DEFERRED;
   return setting.stored ? Effect::DIFFERENT : Effect::NOTHING_CHANGED;
@@ -61,10 +61,12 @@ Effect tell_effect(Agent& agent, const Accepted& setting, bool ran, Output& outp
   const std::string shown = one_line(value.value_or(""));
   const std::string remark = note(effect, setting.asked);
   output.line(setting.parameter.path + " = " + shown + (shown.empty() || remark.empty() ? "" : " ") + remark);
-  output.document()["values"].push_back({{"path", setting.parameter.path},
-                                         {"value", value ? Json(*value) : Json()},
-                                         {"asked", setting.asked},
-                                         {"effect", to_text(effect)}});
+  Json told = {{"path", setting.parameter.path},
+               {"value", value ? Json(*value) : Json()},
+               {"asked", setting.asked},
+               {"effect", to_text(effect)}};
+  if (setting.passed != setting.asked) told["passed"] = setting.passed;
+  output.document()["values"].push_back(told);
   return effect;
 }
 

@@ -22,6 +22,7 @@ enum class Effect {
 struct Accepted {
   Parameter parameter;
   std::string asked;
+  std::string passed;  // to the handler
   uint32_t raised;  // bits
   bool stored;      // anything: by its handler, or by what was run for its bits
 };

@@ -8,6 +8,7 @@
 #include "seam/snapshot.hpp"
 #include "seam/trace.hpp"
 #include "task_records.hpp"
+#include "value_type.hpp"
 
 namespace kovadm {
 namespace {
@@ -141,7 +142,12 @@ int explain(Agent& agent, const Setting& setting, Output& output) {
   const TaskRecords records;
   uint32_t mask = 0;
   std::optional<Fault> fault;
-  seam::Trace seen = seam::trace([&] { fault = agent.set(*parameter, setting.value, mask); });
+  const std::string value = as_handlers_know(setting.value, parameter->row->type);
+  seam::Trace seen = seam::trace([&] { fault = agent.set(*parameter, value, mask); });
+  if (value != setting.value) {
+    tell("passed", {value}, output);
+    output.document()["passed"] = value;
+  }
   mark_not_run(seen);
   tell_trace(seen, output);
   tell_outcome(mask, records.recorded_since(), changes(before, seam::kept_files(), before), output);

@@ -2,23 +2,11 @@
 
 #include <algorithm>
 #include <map>
-#include <sstream>
+
+#include "data_files.hpp"
 
 namespace kovadm {
 namespace {
-
-// The table's lines, cell by cell, without comments.
-std::vector<std::vector<std::string>> read_table(const char* text) {
-  std::vector<std::vector<std::string>> table;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.empty() || line.starts_with('#')) continue;
-    std::istringstream cells(line);
-    table.emplace_back();
-    for (std::string cell; std::getline(cells, cell, '\t');) table.back().push_back(cell);
-  }
-  return table;
-}
 
 std::map<std::string, const Row*> rows_by_path() {
   std::map<std::string, const Row*> rows;

@@ -8,10 +8,6 @@
 
 namespace kovadm {
 
-// The data files: profiles.tsv and access-differences.tsv.
-extern const char kProfiles[];
-extern const char kAccessDifferences[];
-
 // A parameter that a profile asks for.
 struct Requirement {
   std::string path;    // as the catalogue spells it

@@ -8,18 +8,20 @@
 #include "effect.hpp"
 #include "instances.hpp"
 #include "seam/work_directory.hpp"
+#include "shell_ways.hpp"
 #include "task_records.hpp"
 #include "value_type.hpp"
 
 namespace kovadm {
 namespace {
 
-// The exit status of a request that was accepted, but partly in vain.
-constexpr int kInVain = 3;
+// The exit status of a request that was accepted, but for some value nothing changed.
+constexpr int kNothingChanged = 3;
 
 struct Call {
   Parameter parameter;
-  std::string value;
+  std::string asked;
+  std::string passed;  // to the handler
 };
 
 // A request under way.
@@ -52,7 +54,8 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
       const std::string detail = "no " + to_text(parameter->row->type) + ": \"" + value + '"';
       output.fault({FaultCode::INVALID_PARAMETER_VALUE, path, detail, ""});
     } else {
-      calls.push_back({*parameter, value});
+      warn_of_shell(*parameter, value, output);
+      calls.push_back({*parameter, value, force ? value : as_handlers_know(value, parameter->row->type)});
     }
   }
   if (calls.size() < settings.size()) calls.clear();
@@ -62,16 +65,17 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
 // Makes the calls; those that are refused leave the others as they are.
 void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, Output& output) {
   seam::Texts before = request.start;
-  for (const auto& [parameter, value] : calls) {
+  for (const auto& [parameter, asked, passed] : calls) {
     uint32_t raised = 0;
-    if (const auto fault = agent.set(parameter, value, raised)) {
+    if (passed != asked) output.line("passed: " + parameter.path + " = " + passed);
+    if (const auto fault = agent.set(parameter, passed, raised)) {
       output.fault(*fault);
       continue;
     }
     request.mask |= raised;
     seam::Texts after = seam::kept_files();
     const bool stored = stores_anything(changes(before, after, request.start));
-    request.accepted.push_back({parameter, value, raised, stored});
+    request.accepted.push_back({parameter, asked, passed, raised, stored});
     before = std::move(after);
   }
 }
@@ -112,10 +116,10 @@ int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& op
   const bool ran = options.apply && request.accepted.size() == calls.size();
   if (ran) apply_request(request, requested, output);
 
-  bool in_vain = false;
+  bool nothing_changed = false;
   for (const Accepted& setting : request.accepted)
-    in_vain |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
-  return output.finish(in_vain ? kInVain : 0);
+    nothing_changed |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
+  return output.finish(nothing_changed ? kNothingChanged : 0);
 }
 
 }  // namespace kovadm

@@ -59,4 +59,9 @@ bool is_of_type(const std::string& value, Type type) {
   }
 }
 
+std::string as_handlers_know(const std::string& value, Type type) {
+  if (type != Type::BOOLEAN) return value;
+  return value == "true" ? "1" : value == "false" ? "0" : value;
+}
+
 }  // namespace kovadm

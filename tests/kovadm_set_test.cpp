@@ -63,6 +63,36 @@ TEST_F(Kovadm, AValueHasToBeOfTheParametersType) {
   EXPECT_EQ(kovadm("set Device.Time.CurrentLocalTime=2026-11-25T10:00:00.5+01:00").status, 3);
 }
 
+TEST_F(Kovadm, WarnsOfValuesThatAShellActsOn) {
+  const std::pair<std::string, std::string> settings[] = {
+      {"Device.Users.User.1.Password=a b$", R"(: a shell acts on "$", " " in VALUE: /usr/bin/tr069/cwmp-user * VALUE)"},
+      {"Device.Users.User.1.Password=a.b", ""},
+      {LAN "DNSServers=192.168.1.1`",
+       R"(: a shell acts on "`" in VALUE: lua /usr/bin/tr069/verify_pms dhcps_dns "VALUE")"},
+      {LAN "DNSServers=192.168.1.1 192.168.1.2", ""},
+      {SERVER "Password=$(not) `a` 'shell'", ""}};
+  for (const auto& [setting, warning] : settings) {
+    write_file("/root/value", setting.substr(setting.find('=') + 1));
+    const std::string path = setting.substr(0, setting.find('='));
+    const json document = kovadm("set --json " + path + "=@/root/value").document();
+    EXPECT_EQ(document.value("warnings", json::array()), warning.empty() ? json::array() : json{path + warning});
+  }
+}
+
+TEST_F(Kovadm, HandlersArePassedTheBooleansThatTheyKnow) {
+  const std::string path = "InternetGatewayDevice.LANDevice.1.WLANConfiguration.1.SSIDAdvertisementEnabled";
+  const std::tuple<const char*, const char*, const char*, bool> sets[] = {
+      {"", "true", "1", true}, {"", "false", "0", true}, {"", "0", "0", false}, {"--force ", "true", "0", false}};
+  for (const auto& [option, asked, reads, changed] : sets) {
+    kovadm("set " + path + "=1");
+    const json value = kovadm(std::string("set --json ") + option + path + "=" + asked).document()["values"][0];
+    EXPECT_EQ(value["value"], reads) << option << asked;
+    EXPECT_EQ(value["asked"], asked);
+    EXPECT_EQ(value.value("passed", "as asked"), changed ? reads : "as asked");
+  }
+  EXPECT_NE(kovadm("explain " + path + "=false").out.find("passed     0\n"), std::string::npos);
+}
+
 TEST_F(Kovadm, ValuesComeFromFilesToo) {
   write_file("/root/value", " a b\n\n");
   EXPECT_EQ(kovadm("set " SERVER "Username=@/root/value").status, 0);

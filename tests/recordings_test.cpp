@@ -146,7 +146,7 @@ TEST_F(Kovadm, AFileThatIsNoRecordingIsRefusedInOneLine) {
       {std::string("\x7f\x45LF\0\xff", 6), "it is no JSON, or cut off"},
       {std::string(1000000, '['), "its values are nested too deeply"},
       {std::string(17 << 20, ' '), "it is larger than 16 MiB"},
-      {"[]", "it is none"},
+      {"[]", "it is another JSON document"},
       {R"({"format": "kovadm recording"})", "its \"version\" is missing or wrong"},
       {with("\"version\": 1", "\"version\": 2"), "it is of version 2, this kovadm reads version 1"},
       {with("\"version\": 1", "\"version\": 1e99"), "its \"version\" is missing or wrong"},
@@ -160,7 +160,7 @@ TEST_F(Kovadm, AFileThatIsNoRecordingIsRefusedInOneLine) {
     write_file("/root/bad.json", text);
     const Finished replay = kovadm("--replay /root/bad.json walk");
     EXPECT_EQ(replay.status, 2) << fault;
-    EXPECT_TRUE(replay.error.starts_with("kovadm: /root/bad.json is no recording that can be read: ")) << replay.error;
+    EXPECT_TRUE(replay.error.starts_with("kovadm: /root/bad.json cannot be read as a recording: ")) << replay.error;
     EXPECT_TRUE(replay.error.ends_with(fault + std::string("\n"))) << replay.error;
     EXPECT_EQ(std::count(replay.error.begin(), replay.error.end(), '\n'), 1);
   }

@@ -122,7 +122,7 @@ BusAnswer bus_answer_of(const Json& object, const std::string& call) {
 }
 
 Recording recording_of(const Json& document) {
-  need(document.is_object() && document.value("format", Json()) == kFormat, "it is none");
+  need(document.is_object() && document.value("format", Json()) == kFormat, "it is another JSON document");
   const int version = member(document, "version", kNumber).get<int>();
   need(version == kVersion,
        "it is of version " + std::to_string(version) + ", this kovadm reads version " + std::to_string(kVersion));

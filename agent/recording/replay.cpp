@@ -18,7 +18,7 @@ Recording read_recording(const std::string& file) {
   text.resize(static_cast<std::size_t>(stream.gcount()));
   auto parsed = parse_recording(text);
   if (const auto* fault = std::get_if<std::string>(&parsed))
-    throw SetupError(one_line(file + " is no recording that can be read: " + *fault));
+    throw SetupError(one_line(file + " cannot be read as a recording: " + *fault));
   return std::get<Recording>(std::move(parsed));
 }
 

@@ -7,5 +7,6 @@ namespace kova::documents {
 
 void write_parameters(std::ostream& out);
 void write_security(std::ostream& out);
+void write_shell_ways(std::ostream& out);
 
 }  // namespace kova::documents

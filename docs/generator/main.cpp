@@ -37,6 +37,7 @@ int main(int argc, char** argv) try {
   }
   write(std::string(argv[1]) + "/parameters.md", kova::documents::write_parameters);
   write(std::string(argv[1]) + "/security.md", kova::documents::write_security);
+  write(std::string(argv[1]) + "/shell-ways.tsv", kova::documents::write_shell_ways);
   return 0;
 } catch (const std::exception& error) {
   std::cerr << "kova-documents: " << error.what() << '\n';

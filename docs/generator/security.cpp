@@ -157,8 +157,29 @@ void write_ways(std::ostream& out, const char* heading, const Ways& ways,
   }
 }
 
-bool is_quoted(const Way& way, Quoting quoting) {
-  return !way.through.empty() && quoting_behind(way.command.substr(0, way.command.find("VALUE"))) == quoting;
+Quoting quoting_of(const Way& way) { return quoting_behind(way.command.substr(0, way.command.find("VALUE"))); }
+
+bool is_quoted(const Way& way, Quoting quoting) { return !way.through.empty() && quoting_of(way) == quoting; }
+
+struct AllWays {
+  Ways ways;
+  std::size_t without = 0;  // parameters that have none
+};
+
+const AllWays& all_ways() {
+  static const AllWays found = [] {
+    AllWays all;
+    Agent agent("", {});
+    for (const Row& row : catalogue()) {
+      if (row.access == Access::READ_ONLY) continue;
+      reset_router();
+      const std::set<Way> its_ways = ways_of(agent, row);
+      for (const Way& way : its_ways) all.ways[way].insert(all.ways[way].end(), row.paths.begin(), row.paths.end());
+      if (its_ways.empty()) all.without += row.paths.size();
+    }
+    return all;
+  }();
+  return found;
 }
 
 // ---- Values that were stored, and reach a shell later ----
@@ -215,16 +236,7 @@ void write_stored_ways(std::ostream& out, const std::vector<std::string>& ways) 
 }  // namespace
 
 void write_security(std::ostream& out) {
-  Agent agent("", {});
-  Ways ways;
-  std::size_t without = 0;
-  for (const Row& row : catalogue()) {
-    if (row.access == Access::READ_ONLY) continue;
-    reset_router();
-    const std::set<Way> its_ways = ways_of(agent, row);
-    for (const Way& way : its_ways) ways[way].insert(ways[way].end(), row.paths.begin(), row.paths.end());
-    if (its_ways.empty()) without += row.paths.size();
-  }
+  const auto& [ways, without] = all_ways();
   out << kStart;
   write_ways(out, "Bare: a blank ends it, and everything in it is the shell's", ways,
              [](const Way& way) { return is_quoted(way, Quoting::BARE); });
@@ -234,10 +246,24 @@ void write_security(std::ostream& out) {
              [](const Way& way) { return is_quoted(way, Quoting::SINGLE); });
   write_ways(out, "Checked: without any of these characters", ways, [](const Way& way) { return way.through.empty(); });
   reset_router();
+  Agent agent("", {});
   write_stored_ways(out, stored_ways(agent));
   out << "\nThe other " << without
       << " parameters that can be set give no text of theirs to a shell: at most a switch's 0 or 1, or a word\n"
          "or a number that the handler made of it.\n";
+}
+
+void write_shell_ways(std::ostream& out) {
+  out << "# Parameters whose values get into command lines as they are: path, quotes (none, \" or '), when, command "
+         "line.\n"
+         "# Written with docs/security.md.\n";
+  for (const auto& [way, paths] : all_ways().ways) {
+    if (way.through.empty()) continue;
+    const Quoting quoting = quoting_of(way);
+    const char* quotes = quoting == Quoting::BARE ? "none" : quoting == Quoting::DOUBLE ? "\"" : "'";
+    for (const std::string& path : paths)
+      out << path << '\t' << quotes << '\t' << (way.recorded ? "recorded" : "at once") << '\t' << way.command << '\n';
+  }
 }
 
 }  // namespace kova::documents

@@ -27,6 +27,17 @@ make_applets() {
   mv -T "$new" "$applets" 2>/dev/null || [[ -d $applets ]] || fail "cannot write in $build/lab"
 }
 
+# Sets `program` to the router's name of a program: with a path from here, it is one of a build.
+place_program() {
+  program=$1
+  [[ $1 == */* && -f $1 ]] || return 0
+  [[ $1 == /* ]] || program=$(realpath -s "$1")
+  case $program in
+    "$build"/* | "$tools"/* | /bin/* | /etc/* | /lib*/* | /sbin/* | /usr/* | /var/*) ;;
+    *) [[ $device && -e $device$program ]] || fail "the router does not see $1: put it below the build, $build" ;;
+  esac
+}
+
 declare -A programs
 
 # Sets `applets`, and `programs`: where the router has them, and where they are here.

@@ -1,0 +1,16 @@
+// The data files that kovadm has in it: profiles.tsv, access-differences.tsv and shell-ways.tsv.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kovadm {
+
+extern const char kProfiles[];
+extern const char kAccessDifferences[];
+extern const char kShellWays[];
+
+// A file's lines, cell by cell, without comments.
+std::vector<std::vector<std::string>> read_table(const char* text);
+
+}  // namespace kovadm
