@@ -31,8 +31,8 @@ struct SetOptions {
 };
 
 // One set request: nothing is called unless all parameters exist, are writable, and are given values of their types;
-// what the calls raise is collected. At the end reads the parameters back. Returns 3 when all was accepted, but for some
-// value nothing changed.
+// what the calls raise is collected. At the end reads the parameters back. Returns 3 when all was accepted, but for
+// some value nothing changed.
 int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& options, Output& output);
 
 // What is served of the profiles of the published data models; with names, what of their parameters. Asks the device

@@ -23,8 +23,8 @@ struct Accepted {
   Parameter parameter;
   std::string asked;
   std::string passed;  // to the handler
-  uint32_t raised;  // bits
-  bool stored;      // anything: by its handler, or by what was run for its bits
+  uint32_t raised;     // bits
+  bool stored;         // anything: by its handler, or by what was run for its bits
 };
 
 // Reads the parameter, tells what it reads now, and makes that the next of the document's values. `ran`: what is to
