@@ -75,10 +75,10 @@ bool nat_detected(Call& call) { return call.reply(call.agent().nat_detected == 1
 
 bool connection_request_url(Call& call) {
   const agent_state& agent = call.agent();
-  Text<8> port;
-  port.print("%d", agent.connection_request_port);
-  return call.reply_joined(
-      {"http://", agent.connection_request_host, ":", port.c_str(), agent.connection_request_path});
+  Text<256> url;
+  url.print("http://%s:%d%s", agent.connection_request_host, agent.connection_request_port,
+            agent.connection_request_path);  // an agent that listens nowhere may have neither
+  return call.reply(url.c_str());
 }
 
 }  // namespace
