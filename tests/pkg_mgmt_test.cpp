@@ -81,6 +81,8 @@ TEST_F(ManagementServer, TheRunningAgentAnswers) {
   EXPECT_EQ(get(SERVER(STUNPassword), agent), answered(std::string(64, 'p')));
   agent.nat_detected = 2;
   EXPECT_EQ(get(SERVER(NATDetected), agent), answered("0"));
+  agent.connection_request_host = agent.connection_request_path = nullptr;  // of an agent that listens nowhere
+  EXPECT_EQ(get(SERVER(ConnectionRequestURL), agent), answered("http://(null):65535(null)"));
 }
 
 TEST_F(ManagementServer, SwitchesTakeOneAndZeroOnly) {
