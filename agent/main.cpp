@@ -8,7 +8,7 @@
 #include <iostream>
 #include <system_error>
 
-#include "arguments.hpp"
+#include "commands/arguments.hpp"
 #include "recording/replay.hpp"
 #include "seam/debug_switch.hpp"
 

@@ -24,8 +24,8 @@ install(FILES ${PROJECT_BINARY_DIR}/kova-datamodel.pc DESTINATION lib/pkgconfig 
 
 if(KOVA_AGENT)
   install(TARGETS kovadm RUNTIME COMPONENT agent)
-  install(FILES agent/shell/kovadm.bash DESTINATION share/bash-completion/completions RENAME kovadm COMPONENT agent)
-  install(FILES agent/shell/_kovadm DESTINATION ${KOVA_ZSH_COMPLETIONS} COMPONENT agent)
+  install(FILES agent/commands/shell/kovadm.bash DESTINATION share/bash-completion/completions RENAME kovadm COMPONENT agent)
+  install(FILES agent/commands/shell/_kovadm DESTINATION ${KOVA_ZSH_COMPLETIONS} COMPONENT agent)
   configure_file(agent/kovadm.1.in kovadm.1 @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/kovadm.1 DESTINATION share/man/man1 COMPONENT agent)
   if(KOVA_STANDINS)

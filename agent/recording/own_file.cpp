@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "plugin.hpp"
+#include "device/plugin.hpp"
 
 namespace kovadm {
 namespace {

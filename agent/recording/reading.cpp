@@ -1,7 +1,7 @@
 #include "recording/reading.hpp"
 
-#include "progress.hpp"
-#include "walk.hpp"
+#include "device/walk.hpp"
+#include "output/progress.hpp"
 
 namespace kovadm {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "agent.hpp"
-#include "output.hpp"
+#include "device/agent.hpp"
+#include "output/output.hpp"
 #include "recording/secrets.hpp"
 
 namespace kovadm {

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "processes.hpp"
+#include "device/processes.hpp"
 #include "recording/bus_message.hpp"
 #include "seam/caught_output.hpp"
 #include "seam/snapshot.hpp"

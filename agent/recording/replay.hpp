@@ -5,8 +5,8 @@
 #include <set>
 #include <string>
 
-#include "agent.hpp"
-#include "output.hpp"
+#include "device/agent.hpp"
+#include "output/output.hpp"
 #include "recording/recorded_platform.hpp"
 
 namespace kovadm {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "catalogue.hpp"
+#include "model/catalogue.hpp"
 #include "recording/recording.hpp"
 #include "seam/trace.hpp"
 

@@ -4,8 +4,8 @@
 #include <stdexcept>
 
 #include "documents.hpp"
+#include "model/profile.hpp"
 #include "probe.hpp"
-#include "profile.hpp"
 
 namespace kova::documents {
 namespace {
@@ -45,7 +45,7 @@ std::map<std::string, const Requirement*> access_differences() {
       if (!requirement.access_differs()) continue;
       differences[requirement.path] = &requirement;
       if (access_reason(requirement.path).empty())
-        throw std::runtime_error("agent/access-differences.tsv does not say why: " + requirement.path);
+        throw std::runtime_error("agent/model/access-differences.tsv does not say why: " + requirement.path);
     }
   }
   return differences;

@@ -5,13 +5,13 @@
 #include <regex>
 #include <stdexcept>
 
-#include "apply_mask.hpp"
-#include "changes.hpp"
+#include "device/apply_mask.hpp"
+#include "device/changes.hpp"
+#include "device/task_records.hpp"
+#include "model/value_type.hpp"
 #include "seam/paths.hpp"
 #include "seam/snapshot.hpp"
 #include "seam/trace.hpp"
-#include "task_records.hpp"
-#include "value_type.hpp"
 
 namespace kova::documents {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "agent.hpp"
+#include "device/agent.hpp"
 
 namespace kova::documents {
 

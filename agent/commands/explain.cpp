@@ -1,0 +1,165 @@
+#include <algorithm>
+
+#include "commands/commands.hpp"
+#include "device/apply_mask.hpp"
+#include "device/changes.hpp"
+#include "device/instances.hpp"
+#include "device/task_records.hpp"
+#include "model/value_type.hpp"
+#include "recording/recorded_platform.hpp"
+#include "seam/snapshot.hpp"
+#include "seam/trace.hpp"
+
+namespace kovadm {
+namespace {
+
+// Lines under one heading, which stands in front of the first.
+void tell(const std::string& heading, const std::vector<std::string>& lines, Output& output) {
+  constexpr std::size_t kWidth = 11;
+  std::string start = heading;
+  for (const std::string& line : lines) {
+    start.resize(kWidth, ' ');
+    output.line(start + one_line(line.substr(0, line.find_last_not_of('\n') + 1)));
+    start.clear();
+  }
+}
+
+std::string numbers_text(const std::vector<int32_t>& numbers) {
+  std::string text;
+  for (const int32_t number : numbers) text += (text.empty() ? "" : ", ") + std::to_string(number);
+  return "[" + text + "]";
+}
+
+void tell_row(const Parameter& parameter, Output& output) {
+  const Row& row = *parameter.row;
+  tell("handler", {row.handler}, output);
+  tell("defined", {definition_of(row.handler)}, output);
+  tell("paths", row.paths, output);
+  tell("access", {to_text(row.access)}, output);
+  tell("type", {to_text(row.type)}, output);
+  tell("instances", {numbers_text(instance_array(parameter))}, output);
+  Json& document = output.document();
+  document["path"] = parameter.path;
+  document["handler"] = row.handler;
+  document["defined"] = definition_of(row.handler);
+  document["paths"] = row.paths;
+  document["access"] = to_text(row.access);
+  document["type"] = to_text(row.type);
+  document["instances"] = instance_array(parameter);
+}
+
+void tell_look_ups(const std::vector<seam::LookUp>& look_ups, Output& output) {
+  std::vector<std::string> lines;
+  Json list = Json::array();
+  for (const auto& [path, value] : look_ups) {
+    lines.push_back(path + (value ? " = " + *value : " (not there)"));
+    list.push_back({{"path", path}, {"value", value ? Json(*value) : Json()}});
+  }
+  tell("options", lines, output);
+  output.document()["options"] = list;
+}
+
+std::vector<std::string> file_lines(const std::vector<seam::FileUse>& files) {
+  std::vector<std::string> lines;
+  lines.reserve(files.size());
+  for (const auto& [path, finding] : files) {
+    lines.push_back(path);
+    if (!finding.empty()) lines.back().append(" (").append(finding).append(")");
+  }
+  return lines;
+}
+
+void tell_trace(const seam::Trace& trace, Output& output) {
+  tell_look_ups(trace.look_ups, output);
+  const std::vector<std::string> files = file_lines(trace.files);
+  const std::pair<const char*, const std::vector<std::string>&> parts[] = {{"walked", trace.walked_packages},
+                                                                           {"commands", trace.commands},
+                                                                           {"files", files},
+                                                                           {"bus", trace.bus_calls},
+                                                                           {"log", trace.log}};
+  for (const auto& [heading, lines] : parts) {
+    tell(heading, lines, output);
+    output.document()[heading] = lines;
+  }
+  if (!trace.printed.empty()) tell("printed", {trace.printed}, output);
+  output.document()["printed"] = trace.printed;
+}
+
+// The commands of a set, which have not all been run.
+void mark_not_run(seam::Trace& trace) {
+  for (std::string& command : trace.commands) {
+    if (std::ranges::find(trace.started, command) != trace.started.end()) command += " (not run)";
+  }
+}
+
+void tell_outcome(uint32_t mask, const std::vector<std::string>& recorded, const std::vector<Change>& changes,
+                  Output& output) {
+  std::vector<std::string> bits;
+  for (const ApplyBit& bit : raised_bits(mask)) bits.push_back(bit.name);
+  std::vector<std::string> lines;
+  for (const Change& change : changes) lines.push_back(to_text(change));
+  tell("apply", bits, output);
+  tell("recorded", recorded, output);
+  tell("changes", lines, output);
+  output.document()["bits"] = bits;
+  output.document()["recorded"] = recorded;
+  output.document()["changes"] = lines;
+}
+
+}  // namespace
+
+int explain(Agent& agent, const std::string& path, Output& output) {
+  const auto parameter = find_parameter(path);
+  if (!parameter) {
+    output.fault(unknown_path(path));
+    return output.finish();
+  }
+  tell_row(*parameter, output);
+  std::variant<std::string, Fault> answer;
+  tell_trace(seam::trace([&] { answer = agent.get(*parameter); }), output);
+  const auto* value = std::get_if<std::string>(&answer);
+  if (value != nullptr) {
+    tell("value", {*value}, output);
+    output.document()["value"] = *value;
+  }
+  // What a handler answers for an instance that does not exist is of interest, but no value of the device's.
+  if (const auto missing = missing_instance(agent, path)) {
+    output.fault(*missing);
+  } else if (value == nullptr) {
+    output.fault(std::get<Fault>(answer));
+  }
+  return output.finish();
+}
+
+int explain(Agent& agent, const Setting& setting, Output& output) {
+  const auto parameter = find_parameter(setting.path);
+  if (!parameter) {
+    output.fault(unknown_path(setting.path));
+    return output.finish();
+  }
+  tell_row(*parameter, output);
+  const seam::Texts before = seam::kept_files();
+  const TaskRecords records;
+  uint32_t mask = 0;
+  std::optional<Fault> fault;
+  const std::string value = as_handlers_know(setting.value, parameter->row->type);
+  seam::Trace seen = seam::trace([&] { fault = agent.set(*parameter, value, mask); });
+  if (value != setting.value) {
+    tell("passed", {value}, output);
+    output.document()["passed"] = value;
+  }
+  mark_not_run(seen);
+  tell_trace(seen, output);
+  tell_outcome(mask, records.recorded_since(), changes(before, seam::kept_files(), before), output);
+  if (fault) output.fault(*fault);
+  return output.finish();
+}
+
+int explain_on_copy(Agent& agent, const Setting& setting, Output& output) {
+  Recording copy;
+  RecordedPlatform platform(copy, RecordedPlatform::Source::TRIAL);
+  const seam::InUse in_use(platform);
+  return explain(agent, setting, output);
+}
+
+}  // namespace kovadm

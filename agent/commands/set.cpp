@@ -1,0 +1,125 @@
+#include <algorithm>
+#include <set>
+
+#include "commands/commands.hpp"
+#include "commands/effect.hpp"
+#include "commands/shell_ways.hpp"
+#include "device/apply.hpp"
+#include "device/apply_mask.hpp"
+#include "device/changes.hpp"
+#include "device/instances.hpp"
+#include "device/task_records.hpp"
+#include "model/value_type.hpp"
+#include "seam/work_directory.hpp"
+
+namespace kovadm {
+namespace {
+
+// The exit status of a request that was accepted, but for some value nothing changed.
+constexpr int kNothingChanged = 3;
+
+struct Call {
+  Parameter parameter;
+  std::string asked;
+  std::string passed;  // to the handler
+};
+
+// A request under way.
+struct Request {
+  seam::Texts start = seam::kept_files();
+  TaskRecords records;
+  uint32_t mask = 0;
+  std::vector<Accepted> accepted;
+};
+
+bool stores_anything(const std::vector<Change>& all) {
+  return std::any_of(all.begin(), all.end(), [](const Change& change) { return change.stores(); });
+}
+
+// The calls of a request that can be made; none, and the faults told, where one of them cannot.
+std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool force, Output& output) {
+  std::vector<Call> calls;
+  std::set<std::string> paths;
+  for (const auto& [path, value] : settings) {
+    const auto parameter = find_parameter(path);
+    if (!parameter) {
+      output.fault(unknown_path(path));
+    } else if (!paths.insert(path).second) {
+      output.fault({FaultCode::INVALID_ARGUMENTS, path, "given twice", ""});
+    } else if (parameter->row->access == Access::READ_ONLY) {
+      output.fault({FaultCode::NON_WRITABLE_PARAMETER, path, "", ""});
+    } else if (const auto missing = missing_instance(agent, path)) {
+      output.fault(*missing);
+    } else if (!force && !is_of_type(value, parameter->row->type)) {
+      const std::string detail = "no " + to_text(parameter->row->type) + ": \"" + value + '"';
+      output.fault({FaultCode::INVALID_PARAMETER_VALUE, path, detail, ""});
+    } else {
+      warn_of_shell(*parameter, value, output);
+      calls.push_back({*parameter, value, force ? value : as_handlers_know(value, parameter->row->type)});
+    }
+  }
+  if (calls.size() < settings.size()) calls.clear();
+  return calls;
+}
+
+// Makes the calls; those that are refused leave the others as they are.
+void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, Output& output) {
+  seam::Texts before = request.start;
+  for (const auto& [parameter, asked, passed] : calls) {
+    uint32_t raised = 0;
+    if (passed != asked) output.line("passed: " + parameter.path + " = " + passed);
+    if (const auto fault = agent.set(parameter, passed, raised)) {
+      output.fault(*fault);
+      continue;
+    }
+    request.mask |= raised;
+    seam::Texts after = seam::kept_files();
+    const bool stored = stores_anything(changes(before, after, request.start));
+    request.accepted.push_back({parameter, asked, passed, raised, stored});
+    before = std::move(after);
+  }
+}
+
+void tell_request(const Request& request, const seam::Texts& now, Output& output) {
+  output.document()["mask"] = request.mask;
+  output.document()["bits"] = Json::array();
+  for (const ApplyBit& bit : raised_bits(request.mask)) {
+    output.line("apply: " + bit.name + " (" + hexadecimal(bit.bit) + ")");
+    output.document()["bits"].push_back(bit.name);
+  }
+  const std::vector<std::string> recorded = request.records.recorded_since();
+  for (const std::string& command : recorded) output.line("recorded: " + command);
+  output.document()["recorded"] = recorded;
+  output.document()["changes"] = tell_changes(changes(request.start, now, request.start), output);
+}
+
+// The agent's part, and what that changed.
+void apply_request(Request& request, const seam::Texts& before, Output& output) {
+  apply(request.mask, output);
+  const std::vector<Change> applied = changes(before, seam::kept_files(), request.start);
+  output.document()["applied"] = tell_changes(applied, output);
+  for (Accepted& setting : request.accepted) setting.stored |= setting.raised != 0 && stores_anything(applied);
+}
+
+}  // namespace
+
+int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& options, Output& output) {
+  const std::vector<Call> calls = check(agent, settings, options.force, output);
+  if (calls.empty()) return output.finish();
+  seam::expect_temporary_directories();  // without which nobody could be told what has changed
+
+  output.document()["values"] = Json::array();
+  Request request;
+  make_calls(agent, calls, request, output);
+  const seam::Texts requested = seam::kept_files();
+  tell_request(request, requested, output);
+  const bool ran = options.apply && request.accepted.size() == calls.size();
+  if (ran) apply_request(request, requested, output);
+
+  bool nothing_changed = false;
+  for (const Accepted& setting : request.accepted)
+    nothing_changed |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
+  return output.finish(nothing_changed ? kNothingChanged : 0);
+}
+
+}  // namespace kovadm
