@@ -1,8 +1,9 @@
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
 #include <sstream>
 
-#include "commands/commands.hpp"
+#include "commands/command.hpp"
 #include "device/changes.hpp"
 #include "recording/reading.hpp"
 #include "recording/replay.hpp"
@@ -256,8 +257,6 @@ std::vector<std::string> common_prefixes(const Recording& a, const Recording& b)
   throw SetupError("the two recordings are of different parameters");
 }
 
-}  // namespace
-
 int diff(Recording before, Recording after, const std::string& plugin, Output& output) {
   const std::vector<std::string> prefixes = common_prefixes(before, after);
   if (before.with_secrets != after.with_secrets) {
@@ -277,5 +276,29 @@ int diff(Recording before, Recording after, const std::string& plugin, Output& o
   }
   return teller.finish();
 }
+
+// A recording made of this router now, as far and as discreet as another one.
+Recording record_like(const Recording& other, Context& context) {
+  Recording recording;
+  recording.prefixes = other.prefixes;
+  make_recording(context.agent(), recording, context.output());
+  return recording;
+}
+
+int run(Context& context, const std::vector<std::string>& files) {
+  Recording before = read_recording(files.front());
+  Recording after = files.size() == 2 ? read_recording(files.back()) : record_like(before, context);
+  return diff(std::move(before), std::move(after), context.options().plugin, context.output());
+}
+
+Run define(CLI::App& line) {
+  auto files = std::make_shared<std::vector<std::string>>();
+  line.add_option("RECORDING", *files, "Two files; one is compared with this router")->required()->expected(1, 2);
+  return [files](Context& context) { return run(context, *files); };
+}
+
+}  // namespace
+
+const Command kDiff = {"diff", "Parameters that differ between two recordings, and why", false, define};
 
 }  // namespace kovadm

@@ -1,6 +1,8 @@
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "commands/commands.hpp"
+#include "commands/command.hpp"
+#include "commands/setting.hpp"
 #include "device/apply_mask.hpp"
 #include "device/changes.hpp"
 #include "device/instances.hpp"
@@ -106,8 +108,7 @@ void tell_outcome(uint32_t mask, const std::vector<std::string>& recorded, const
   output.document()["changes"] = lines;
 }
 
-}  // namespace
-
+// Gets the parameter once.
 int explain(Agent& agent, const std::string& path, Output& output) {
   const auto parameter = find_parameter(path);
   if (!parameter) {
@@ -131,6 +132,7 @@ int explain(Agent& agent, const std::string& path, Output& output) {
   return output.finish();
 }
 
+// Sets the parameter once, on the platform in use.
 int explain(Agent& agent, const Setting& setting, Output& output) {
   const auto parameter = find_parameter(setting.path);
   if (!parameter) {
@@ -155,11 +157,32 @@ int explain(Agent& agent, const Setting& setting, Output& output) {
   return output.finish();
 }
 
+// The same to a copy of this machine's stores, so that nothing is left changed: no command is run but those whose
+// output is read, and what they change of the stores is put back.
 int explain_on_copy(Agent& agent, const Setting& setting, Output& output) {
   Recording copy;
   RecordedPlatform platform(copy, RecordedPlatform::Source::TRIAL);
   const seam::InUse in_use(platform);
   return explain(agent, setting, output);
 }
+
+int run(Context& context, const std::string& text) {
+  Agent& agent = context.agent();
+  if (text.find('=') == std::string::npos) return explain(agent, text, context.output());
+  const Setting setting = read_settings({text}).front();
+  // A replay's stores are copies.
+  return context.replays() ? explain(agent, setting, context.output())
+                           : explain_on_copy(agent, setting, context.output());
+}
+
+Run define(CLI::App& line) {
+  auto text = std::make_shared<std::string>();
+  line.add_option("PATH[=VALUE]", *text, "VALUE as with set; nothing is left changed")->required();
+  return [text](Context& context) { return run(context, *text); };
+}
+
+}  // namespace
+
+const Command kExplain = {"explain", "What one get of PATH, or one set, really does", true, define};
 
 }  // namespace kovadm

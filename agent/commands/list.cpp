@@ -1,4 +1,6 @@
-#include "commands/commands.hpp"
+#include <CLI/CLI.hpp>
+
+#include "commands/command.hpp"
 #include "output/table.hpp"
 
 namespace kovadm {
@@ -21,8 +23,6 @@ bool add_entries(const std::string& prefix, std::vector<Entry>& entries) {
   return entries.size() > others;
 }
 
-}  // namespace
-
 int list(const std::vector<std::string>& prefixes, Output& output) {
   std::vector<Entry> entries;
   for (const std::string& prefix : prefixes) {
@@ -44,5 +44,15 @@ int list(const std::vector<std::string>& prefixes, Output& output) {
   for (const std::string& line : table_lines(table)) output.line(line);
   return output.finish();
 }
+
+Run define(CLI::App& line) {
+  auto prefixes = std::make_shared<std::vector<std::string>>();
+  line.add_option("PREFIX", *prefixes, kPrefixHelp);
+  return [prefixes](Context& context) { return list(*prefixes, context.output()); };
+}
+
+}  // namespace
+
+const Command kList = {"list", "The catalogue: path, access, type", false, define};
 
 }  // namespace kovadm

@@ -1,8 +1,9 @@
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
 #include <set>
 
-#include "commands/commands.hpp"
+#include "commands/command.hpp"
 #include "device/walk.hpp"
 #include "model/profile.hpp"
 #include "output/progress.hpp"
@@ -134,8 +135,6 @@ void tell_table(const std::vector<std::vector<std::string>>& table, Output& outp
   for (const std::string& line : table_lines(table)) output.line(line);
 }
 
-}  // namespace
-
 int profiles(Agent* agent, const std::vector<std::string>& names, Output& output) {
   const std::vector<Profile> chosen = chosen_profiles(names);
   Answers answers;
@@ -154,5 +153,22 @@ int profiles(Agent* agent, const std::vector<std::string>& names, Output& output
   tell_table(table, output);
   return output.finish();
 }
+
+Run define(CLI::App& line) {
+  struct Options {
+    std::vector<std::string> names;
+    bool live = false;
+  };
+  auto options = std::make_shared<Options>();
+  line.add_option("NAME", options->names, "A profile, to be told of parameter by parameter");
+  line.add_flag("--live", options->live, "Ask the device too whether the parameters answer");
+  return [options](Context& context) {
+    return profiles(options->live ? &context.agent() : nullptr, options->names, context.output());
+  };
+}
+
+}  // namespace
+
+const Command kProfiles = {"profiles", "What is served of the published data models' profiles", true, define};
 
 }  // namespace kovadm

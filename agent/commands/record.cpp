@@ -1,22 +1,12 @@
-#include <ctime>
+#include <CLI/CLI.hpp>
 #include <tuple>
 
-#include "commands/commands.hpp"
+#include "commands/command.hpp"
 #include "recording/own_file.hpp"
-#include "recording/reading.hpp"
 #include "recording/replay.hpp"
 
 namespace kovadm {
 namespace {
-
-std::string now() {
-  const std::time_t time = std::time(nullptr);
-  std::tm utc = {};
-  gmtime_r(&time, &utc);
-  char text[32] = {};
-  std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc);
-  return text;
-}
 
 std::size_t count_files(const Recording& recording) {
   std::size_t count = recording.files.size() + recording.tested.size();
@@ -24,30 +14,20 @@ std::size_t count_files(const Recording& recording) {
   return count;
 }
 
-}  // namespace
+struct Options {
+  std::string file;
+  std::vector<std::string> prefixes;
+  bool with_secrets = false;
+};
 
-Made make_recording(Agent& agent, Recording& recording, Output& output) {
-  recording.time = now();
-  recording.agent = agent.fields();
-  RecordedPlatform platform(recording, RecordedPlatform::Source::MACHINE);
-  const seam::InUse in_use(platform);
-  Secrets secrets;
-  Made made;
-  made.parameters = read_all(agent, recording.prefixes, output, recording.with_secrets ? nullptr : &secrets).size();
-  made.left_out = platform.left_out();
-  if (!recording.with_secrets) made.replaced = secrets.replace_in(recording);
-  return made;
-}
-
-int record(Agent& agent, const std::string& file, const std::vector<std::string>& prefixes, bool with_secrets,
-           Output& output) {
-  expect_to_write(file);
+int record(Agent& agent, const Options& options, Output& output) {
+  expect_to_write(options.file);
   Recording recording;
-  recording.prefixes = prefixes;
-  recording.with_secrets = with_secrets;
+  recording.prefixes = options.prefixes;
+  recording.with_secrets = options.with_secrets;
   const Made made = make_recording(agent, recording, output);
   if (output.has_faults()) return output.finish();  // of prefixes: it would not be what was meant
-  write_own_file(file, to_text(recording));
+  write_own_file(options.file, to_text(recording));
   const std::tuple<const char*, const char*, std::size_t> counts[] = {{"parameters", "", made.parameters},
                                                                       {"commands", "", recording.commands.size()},
                                                                       {"files", "", count_files(recording)},
@@ -64,5 +44,17 @@ int record(Agent& agent, const std::string& file, const std::vector<std::string>
   output.document()["replaced"] = made.replaced;
   return output.finish();
 }
+
+Run define(CLI::App& line) {
+  auto options = std::make_shared<Options>();
+  line.add_option("FILE", options->file)->required();
+  line.add_option("PREFIX", options->prefixes, kPrefixHelp);
+  line.add_flag("--with-secrets", options->with_secrets, "Keep passwords and keys; else a mark replaces them");
+  return [options](Context& context) { return record(context.agent(), *options, context.output()); };
+}
+
+}  // namespace
+
+const Command kRecord = {"record", "Keep in FILE all that gets depend on, to be replayed elsewhere", false, define};
 
 }  // namespace kovadm

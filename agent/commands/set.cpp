@@ -1,8 +1,10 @@
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <set>
 
-#include "commands/commands.hpp"
+#include "commands/command.hpp"
 #include "commands/effect.hpp"
+#include "commands/setting.hpp"
 #include "commands/shell_ways.hpp"
 #include "device/apply.hpp"
 #include "device/apply_mask.hpp"
@@ -101,9 +103,19 @@ void apply_request(Request& request, const seam::Texts& before, Output& output) 
   for (Accepted& setting : request.accepted) setting.stored |= setting.raised != 0 && stores_anything(applied);
 }
 
-}  // namespace
+struct Options {
+  std::vector<std::string> settings;
+  bool apply = false;  // do the agent's part once all values were accepted
+  bool force = false;  // pass on what is no value of the parameter's type, too
+};
 
-int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& options, Output& output) {
+// One set request: nothing is called unless all parameters exist, are writable, and are given values of their types;
+// what the calls raise is collected. At the end reads the parameters back.
+int set(Context& context, const Options& options) {
+  if (options.apply && context.replays()) throw SetupError("--apply runs commands, and a replay runs none");
+  const std::vector<Setting> settings = read_settings(options.settings);
+  Agent& agent = context.agent();
+  Output& output = context.output();
   const std::vector<Call> calls = check(agent, settings, options.force, output);
   if (calls.empty()) return output.finish();
   seam::expect_temporary_directories();  // without which nobody could be told what has changed
@@ -121,5 +133,17 @@ int set(Agent& agent, const std::vector<Setting>& settings, const SetOptions& op
     nothing_changed |= tell_effect(agent, setting, ran, output) == Effect::NOTHING_CHANGED;
   return output.finish(nothing_changed ? kNothingChanged : 0);
 }
+
+Run define(CLI::App& line) {
+  auto options = std::make_shared<Options>();
+  line.add_option("PATH=VALUE", options->settings, kSettingHelp)->required();
+  line.add_flag("--apply", options->apply, "Do the agent's part too: run the recorded commands and the services");
+  line.add_flag("--force", options->force, "Pass on what was typed, a value of the parameter's type or not");
+  return [options](Context& context) { return set(context, *options); };
+}
+
+}  // namespace
+
+const Command kSet = {"set", "One set request, and what it raised, recorded and changed", true, define};
 
 }  // namespace kovadm

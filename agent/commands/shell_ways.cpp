@@ -24,7 +24,7 @@ std::string found_in(const std::string& value, const std::string& special) {
 }  // namespace
 
 void warn_of_shell(const Parameter& parameter, const std::string& value, Output& output) {
-  static const auto ways = read_table(kShellWays);
+  static const auto ways = read_table(kShellWayTable);
   const std::string path = catalogue_path(parameter.path);
   for (const auto& cells : ways) {
     if (cells.at(0) != path) continue;

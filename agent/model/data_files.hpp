@@ -6,9 +6,9 @@
 
 namespace kovadm {
 
-extern const char kProfiles[];
-extern const char kAccessDifferences[];
-extern const char kShellWays[];
+extern const char kProfileTable[];
+extern const char kAccessDifferenceTable[];
+extern const char kShellWayTable[];
 
 // A file's lines, cell by cell, without comments.
 std::vector<std::vector<std::string>> read_table(const char* text);

@@ -19,7 +19,7 @@ std::map<std::string, const Row*> rows_by_path() {
 std::vector<Profile> read_profiles() {
   const std::map<std::string, const Row*> rows = rows_by_path();
   std::vector<Profile> profiles;
-  for (const auto& cells : read_table(kProfiles)) {
+  for (const auto& cells : read_table(kProfileTable)) {
     const auto &model = cells.at(0), &name = cells.at(1), &path = cells.at(2);
     if (profiles.empty() || profiles.back().model != model || profiles.back().name != name)
       profiles.push_back({model, name, {}});
@@ -57,7 +57,7 @@ const std::vector<Profile>& profiles() {
 }
 
 std::string access_reason(const std::string& path) {
-  for (const auto& cells : read_table(kAccessDifferences)) {
+  for (const auto& cells : read_table(kAccessDifferenceTable)) {
     if (cells.at(0) == path) return cells.at(1);
   }
   return "";

@@ -1,12 +1,24 @@
 #include "recording/replay.hpp"
 
-#include <filesystem>
+#include <ctime>
 #include <fstream>
 #include <sstream>
 
 #include "recording/reading.hpp"
 
 namespace kovadm {
+namespace {
+
+std::string now() {
+  const std::time_t time = std::time(nullptr);
+  std::tm utc = {};
+  gmtime_r(&time, &utc);
+  char text[32] = {};
+  std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc);
+  return text;
+}
+
+}  // namespace
 
 Recording read_recording(const std::string& file) {
   std::ifstream stream(file, std::ios::binary);
@@ -20,6 +32,19 @@ Recording read_recording(const std::string& file) {
   if (const auto* fault = std::get_if<std::string>(&parsed))
     throw SetupError(one_line(file + " cannot be read as a recording: " + *fault));
   return std::get<Recording>(std::move(parsed));
+}
+
+Made make_recording(Agent& agent, Recording& recording, Output& output) {
+  recording.time = now();
+  recording.agent = agent.fields();
+  RecordedPlatform platform(recording, RecordedPlatform::Source::MACHINE);
+  const seam::InUse in_use(platform);
+  Secrets secrets;
+  Made made;
+  made.parameters = read_all(agent, recording.prefixes, output, recording.with_secrets ? nullptr : &secrets).size();
+  made.left_out = platform.left_out();
+  if (!recording.with_secrets) made.replaced = secrets.replace_in(recording);
+  return made;
 }
 
 void remove_secrets(Agent& agent, Recording& recording, Output& output) {
