@@ -82,7 +82,7 @@ class Observer final : public Platform {
   int uci_load(uci_context* context, const char* name, uci_package** package) override {
     const int result = Platform::uci_load(context, name, package);
     if (result != UCI_OK) {
-      trace_.look_ups.push_back({name, std::nullopt});
+      trace_.look_ups.push_back({name, std::nullopt, result == UCI_ERR_PARSE});
     } else {
       packages_[*package] = {context, package_name(**package)};
     }
@@ -135,14 +135,15 @@ class Observer final : public Platform {
     for (auto& [package, loaded] : packages_) {
       if (list == &package->sections) {
         loaded.searched = true;
-        if (found == nullptr) trace_.look_ups.push_back({loaded.name + "." + name, std::nullopt});
+        if (found == nullptr) trace_.look_ups.push_back({loaded.name + "." + name, std::nullopt, false});
         return;
       }
       uci_element* element = nullptr;
       uci_foreach_element(&package->sections, element) {
         if (list != &uci_to_section(element)->options) continue;
         trace_.look_ups.push_back({loaded.name + "." + element->name + "." + name,
-                                   found != nullptr ? std::optional(value_of(*uci_to_option(found))) : std::nullopt});
+                                   found != nullptr ? std::optional(value_of(*uci_to_option(found))) : std::nullopt,
+                                   false});
         return;
       }
     }

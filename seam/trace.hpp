@@ -17,6 +17,7 @@ namespace seam {
 struct LookUp {
   std::string path;                  // "package.section.option"; for other stores than /etc/config the package's file
   std::optional<std::string> value;  // nothing when it was not found
+  bool broken = false;               // a package that cannot be parsed
 };
 
 struct FileUse {

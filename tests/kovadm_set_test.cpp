@@ -1,5 +1,6 @@
 // kovadm as its user sets with it, and does the agent's part.
 #include <regex>
+#include <set>
 
 #include "support/kovadm.hpp"
 
@@ -170,6 +171,59 @@ TEST_F(Kovadm, ASetTellsWhatIsTrueAfterwards) {
   EXPECT_EQ(value["value"], "192.168.1.2");
   EXPECT_EQ(value["asked"], "192.168.1.3");
   EXPECT_EQ(value["effect"], "deferred");
+  // A command set it at once.
+  const Finished protocol = kovadm("set Device.NAT.PortMapping.1.Protocol=UDP");
+  EXPECT_EQ(protocol.lines().front(), "ran: uci set firewall.cfg033837.proto='udp' && uci commit");
+  EXPECT_EQ(protocol.lines().back(), "Device.NAT.PortMapping.1.Protocol = udp (differs: asked for \"UDP\")");
+}
+
+TEST_F(Kovadm, ToldSecretsAreNone) {
+  const std::string user = "Device.Users.User.1.Password=";
+  const std::string key = "Device.WiFi.AccessPoint.1.Security.KeyPassphrase";
+  run("kovadm record --with-secrets /root/before Device.WiFi. >/dev/null; kovadm set " + key +
+      "=a-long-secret >/dev/null;"
+      "kovadm record --with-secrets /root/after Device.WiFi. >/dev/null");
+  const std::string commands[] = {"set --force " + user + "12345 " + key + "=short",
+                                  "set " + user + "a-long-secret",
+                                  "set " + key + "=a-long-secret",
+                                  "get " + key,
+                                  "walk Device.WiFi. Device.ManagementServer.",
+                                  "explain " + key,
+                                  "explain " + user + "a-long-secret",
+                                  "diff /root/before /root/after"};
+  for (const std::string& command : commands) {
+    std::string told = kovadm("--json " + command).out;
+    const Finished lines = kovadm(command);
+    told += lines.out + lines.error;
+    for (const char* secret : {"a-long-secret", "correct horse", "short", "admin-secret", "12345"})
+      EXPECT_EQ(told.find(secret), std::string::npos) << command << '\n' << secret;
+    EXPECT_NE(told.find("(secret)"), std::string::npos) << command;
+    EXPECT_EQ(lines.status, kovadm("--show-secrets " + command).status) << command;
+  }
+  EXPECT_EQ(kovadm("--show-secrets get " + key).out, key + " = a-long-secret\n");
+}
+
+TEST_F(Kovadm, OneWaitsForAnother) {
+  run("kovadm record /root/r Device.LEDs. >/dev/null");
+  script_is("/usr/bin/tr069/apply/leds", "echo >/root/started; sleep 1");
+  run("kovadm set --apply Device.LEDs.Enable=0 >/dev/null & until test -e /root/started; do sleep 0.01; done");
+  EXPECT_EQ(kovadm("get Device.LEDs.Enable").status, 0);
+  for (const char* command : {"set Device.LEDs.Enable=1", "walk Device.LEDs.", "record /root/r", "diff /root/r",
+                              "profiles --live Time", "explain Device.LEDs.Enable=1"}) {
+    const Finished late = kovadm(std::string("--wait 0 ") + command);
+    EXPECT_EQ(late.status, 2);
+    EXPECT_EQ(late.error, "kovadm: another kovadm is at work on this router; waited 0 s for it\n") << command;
+  }
+  EXPECT_EQ(kovadm("set Device.LEDs.Enable=1").lines().back(), "Device.LEDs.Enable = 1");
+  // At once: each tells its own change, from the value that another one left.
+  run("for i in 1 2 3 4 5 6; do kovadm set Device.DeviceInfo.ProvisioningCode=code$i >/root/set$i & done; wait");
+  std::set<std::string> before;
+  for (int i = 1; i <= 6; ++i) {
+    const std::string told = *contents("/root/set" + std::to_string(i));
+    EXPECT_NE(told.find("-> \"code" + std::to_string(i) + "\"\n"), std::string::npos) << told;
+    before.insert(told.substr(told.find("store:"), told.find(" ->") - told.find("store:")));
+  }
+  EXPECT_EQ(before.size(), 6U);
 }
 
 TEST_F(Kovadm, AFullDiskIsNoSuccess) {

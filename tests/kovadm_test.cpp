@@ -32,10 +32,10 @@ std::string on_terminal(const char* kind, const char* command) {
   return text;
 }
 
-// The text without blanks at the ends of its lines, which documents do without, and without the numbers of lines of
-// the sources.
+// The text without blanks at the ends of its lines, which documents do without, and without times and the numbers of
+// lines of the sources.
 std::string comparable(const std::string& text) {
-  static const std::regex other(R"( +(?=\n)|(\.cpp:|\.c, )[1-9][0-9]*)");
+  static const std::regex other(R"( +(?=\n)|(\.cpp:|\.c, )[1-9][0-9]*|20[0-9]{2}-[0-9-]+[ T][0-9:]+)");
   return std::regex_replace(text, other, "$1");
 }
 
@@ -66,7 +66,7 @@ TEST_F(Kovadm, AnExplainedSetLeavesNothingChanged) {
   const seam::Snapshot before = seam::Snapshot::of_lab();
   const std::pair<const char*, const char*> rows[] = {
       {SERVER "PeriodicInformInterval=600", "mirror: cwmp.info.inform_interval: (none) -> \"600\""},
-      {"Device.Users.User.1.Password=new-secret", "commands   /usr/bin/tr069/cwmp-user admin new-secret (not run)"},
+      {"Device.Users.User.1.Password=new-secret", "commands   /usr/bin/tr069/cwmp-user admin (secret) (not run)"},
       {LAN "IPRouters=192.168.1.2", "recorded   lua /usr/bin/tr069/verify_pms lan_ip \"192.168.1.2\" &"},
       {"Device.LEDs.Enable=0",
        "changes    pending: system.cfg01e48a.leds: \"1\" -> \"0\""},  // by a command that is run
@@ -82,7 +82,7 @@ TEST_F(Kovadm, AnExplainedSetLeavesNothingChanged) {
 TEST_F(Kovadm, WhatCommandsPrintIsToldAsSuch) {
   script_is("/usr/bin/tr069/cwmp-ntp", "echo some; echo noise");
   for (const char* arguments : {"get " ZONE, "walk " ZONE, "set Device.Time.Enable=1"}) {
-    EXPECT_TRUE(kovadm(arguments).out.starts_with("printed: some\nprinted: noise\nDevice.Time.")) << arguments;
+    EXPECT_TRUE(kovadm(arguments).out.starts_with("printed: some\nprinted: noise\n")) << arguments;
     EXPECT_EQ(kovadm(std::string("--json ") + arguments).document()["printed"], "some\nnoise\n") << arguments;
   }
 }

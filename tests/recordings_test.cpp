@@ -73,6 +73,15 @@ TEST_F(Kovadm, AReplayOfARequestToldWhatTheRouterTells) {
   }
 }
 
+TEST_F(Kovadm, WhatMovesByItselfIsNoDifference) {
+  EXPECT_EQ(kovadm("record " RECORDING).status, 0);
+  run("sleep 1");
+  const json moved = kovadm("diff --json " RECORDING).document();
+  EXPECT_EQ(moved["differences"], json::array());
+  EXPECT_GT(moved["left_out"], 10);
+  EXPECT_EQ(kovadm("diff --all --json " RECORDING).document()["left_out"], 0);
+}
+
 TEST_F(Kovadm, ARecordingHasNoSecretsUnlessAskedFor) {
   write_file("/etc/config/extra", R"(config x 'y' # option psk old
 # that's all, #option psk 'older'

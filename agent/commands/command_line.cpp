@@ -18,6 +18,10 @@ void define_options(CLI::App& app, CommonOptions& options) {
   app.add_option("--agent-state", options.agent_state, "JSON file with fields of the agent's record")
       ->option_text("FILE");
   app.add_option("--replay", options.replay, "Answer from a recording instead of this machine")->option_text("FILE");
+  app.add_flag("--show-secrets", options.show_secrets, "Tell passwords and keys too, instead of \"(secret)\"");
+  app.add_option("--wait", options.wait, "How long for another kovadm that is at work (60)")
+      ->option_text("SECONDS")
+      ->check(CLI::Range(0, 24 * 60 * 60));
   app.set_version_flag("--version", "kovadm " KOVADM_VERSION);
   app.require_subcommand(1);
   app.fallthrough();

@@ -34,4 +34,12 @@ Agent& Context::agent() {
   return *agent_;
 }
 
+Agent& Context::agent_alone() {
+  if (!replays()) {
+    expect_router();
+    if (!lock_) lock_.emplace(options_.wait);
+  }
+  return agent();
+}
+
 }  // namespace kovadm

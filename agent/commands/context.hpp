@@ -5,6 +5,7 @@
 #include <string>
 
 #include "device/agent.hpp"
+#include "device/lock.hpp"
 #include "output/output.hpp"
 #include "recording/recorded_platform.hpp"
 #include "seam/debug_switch.hpp"
@@ -15,14 +16,16 @@ namespace kovadm {
 struct CommonOptions {
   bool json = false;
   bool debug = false;
+  bool show_secrets = false;
   std::string plugin;
   std::string agent_state;
   std::string replay;  // a recording's file
+  int wait = 60;       // seconds, for another one's calls
 };
 
 class Context {
  public:
-  explicit Context(const CommonOptions& options) : options_(options), output_(options.json) {}
+  explicit Context(const CommonOptions& options) : options_(options), output_(options.json, options.show_secrets) {}
 
   const CommonOptions& options() const { return options_; }
   bool replays() const { return !options_.replay.empty(); }
@@ -31,9 +34,13 @@ class Context {
   // The agent of this router, or of the one in the recording, whose platform is in use from then on. Throws SetupError.
   Agent& agent();
 
+  // The same, and nobody else's calls meet its own: a replay's never do. Throws SetupError after the time to wait.
+  Agent& agent_alone();
+
  private:
   CommonOptions options_;
   Output output_;
+  std::optional<DeviceLock> lock_;
   std::optional<Recording> recording_;
   std::optional<Agent> agent_;
   std::optional<RecordedPlatform> platform_;

@@ -21,6 +21,11 @@ struct Cause {
   Text before;
   Text after;
   std::string field;  // of a bus reply
+
+  bool is_secret() const {
+    const std::string& named = kind == "bus" ? field : name;
+    return (kind == "bus" || kind == "option") && is_secret_name(named.substr(named.find_last_of("./") + 1));
+  }
 };
 
 // A recorded device, and what it answers.
@@ -137,6 +142,10 @@ struct Pair {
   const Reading* a = nullptr;
   const Reading* b = nullptr;
 
+  // Between two values of one that does so by itself.
+  bool moved() const {
+    return a != nullptr && b != nullptr && a->value && b->value && !movement(parameter().path).empty();
+  }
   bool differs() const { return a == nullptr || b == nullptr || a->value != b->value; }
   const Parameter& parameter() const { return (a != nullptr ? a : b)->parameter; }
 };
@@ -180,7 +189,16 @@ std::string quoted(const Text& text) {
   return '"' + one_line(text->size() <= kLongest ? *text : text->substr(0, kLongest) + "...") + '"';
 }
 
-std::string change_text(const Text& before, const Text& after) { return quoted(before) + " -> " + quoted(after); }
+std::string change_text(const Text& before, const Text& after) {
+  if (before == kSecretMark && after == kSecretMark) return "changed";
+  return quoted(before) + " -> " + quoted(after);
+}
+
+void redact(Text& before, Text& after, Redaction& redaction) {
+  for (Text* text : {&before, &after}) {
+    if (*text) *text = redaction.secret(**text);
+  }
+}
 
 std::vector<std::string> lines_of(const Text& text) {
   std::vector<std::string> lines;
@@ -227,16 +245,23 @@ class Teller {
     }
     if (lines != lines_) tell_causes();
     lines_ = lines;
-    const Text before = value_of(pair.a);
-    const Text after = value_of(pair.b);
+    Text before = value_of(pair.a);
+    Text after = value_of(pair.b);
+    if (is_secret(*pair.parameter().row)) redact(before, after, output_.redaction());
     const std::string& path = pair.parameter().path;
     output_.line(path + ": " + change_text(before, after));
     output_.document()["differences"].push_back(
         {{"path", path}, {"before", json_of(before)}, {"after", json_of(after)}, {"causes", list}});
   }
 
+  void leave_out() { ++left_out_; }
+
   int finish() {
     tell_causes();
+    if (left_out_ > 0)
+      output_.line("left out: " + std::to_string(left_out_) +
+                   " clocks, counters and loads that moved; --all tells them");
+    output_.document()["left_out"] = left_out_;
     return output_.finish(output_.document()["differences"].empty() ? 0 : 1);
   }
 
@@ -248,6 +273,7 @@ class Teller {
 
   Output& output_;
   std::vector<std::string> lines_;
+  int left_out_ = 0;
 };
 
 // The parameters to compare: those that both have.
@@ -257,7 +283,19 @@ std::vector<std::string> common_prefixes(const Recording& a, const Recording& b)
   throw SetupError("the two recordings are of different parameters");
 }
 
-int diff(Recording before, Recording after, const std::string& plugin, Output& output) {
+// What a command or a file says of them is told, too.
+void note_secrets(const Device& device, Redaction& redaction) {
+  for (const Reading& reading : device.readings()) {
+    if (is_secret(*reading.parameter.row)) redaction.secret(reading.value.value_or(""));
+  }
+}
+
+struct Options {
+  std::vector<std::string> files;
+  bool all = false;  // what moves by itself, too
+};
+
+int diff(Recording before, Recording after, const std::string& plugin, bool all, Output& output) {
   const std::vector<std::string> prefixes = common_prefixes(before, after);
   if (before.with_secrets != after.with_secrets) {
     for (Recording* recording : {&before, &after}) {
@@ -269,10 +307,19 @@ int diff(Recording before, Recording after, const std::string& plugin, Output& o
   Device b(std::move(after), plugin, output);
   a.read(prefixes, output);
   b.read(prefixes, output);
-  const std::vector<Cause> causes = find_causes(a, b);
+  for (const Device* device : {&a, &b}) note_secrets(*device, output.redaction());
+  std::vector<Cause> causes = find_causes(a, b);
+  for (Cause& cause : causes) {
+    if (cause.is_secret()) redact(cause.before, cause.after, output.redaction());
+  }
   Teller teller(output);
   for (const Pair& pair : pairs_of(a, b)) {
-    if (pair.differs()) teller.tell(pair, causes_of(pair, a, b, causes));
+    if (!pair.differs()) continue;
+    if (!all && pair.moved()) {
+      teller.leave_out();
+    } else {
+      teller.tell(pair, causes_of(pair, a, b, causes));
+    }
   }
   return teller.finish();
 }
@@ -281,20 +328,24 @@ int diff(Recording before, Recording after, const std::string& plugin, Output& o
 Recording record_like(const Recording& other, Context& context) {
   Recording recording;
   recording.prefixes = other.prefixes;
-  make_recording(context.agent(), recording, context.output());
+  make_recording(context.agent_alone(), recording, context.output());
   return recording;
 }
 
-int run(Context& context, const std::vector<std::string>& files) {
+int run(Context& context, const Options& options) {
+  const std::vector<std::string>& files = options.files;
   Recording before = read_recording(files.front());
   Recording after = files.size() == 2 ? read_recording(files.back()) : record_like(before, context);
-  return diff(std::move(before), std::move(after), context.options().plugin, context.output());
+  return diff(std::move(before), std::move(after), context.options().plugin, options.all, context.output());
 }
 
 Run define(CLI::App& line) {
-  auto files = std::make_shared<std::vector<std::string>>();
-  line.add_option("RECORDING", *files, "Two files; one is compared with this router")->required()->expected(1, 2);
-  return [files](Context& context) { return run(context, *files); };
+  auto options = std::make_shared<Options>();
+  line.add_flag("--all", options->all, "Tell clocks, counters and loads too, which move by themselves");
+  line.add_option("RECORDING", options->files, "Two files; one is compared with this router")
+      ->required()
+      ->expected(1, 2);
+  return [options](Context& context) { return run(context, *options); };
 }
 
 }  // namespace

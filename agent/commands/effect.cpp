@@ -23,16 +23,12 @@ std::string to_text(Effect effect) {
   return "";
 }
 
-// By its type, or (the published models do not mark all of them) by its name.
-bool is_secret(const Parameter& parameter) {
-  return parameter.row->type == Type::SECRET || split_path(parameter.path).back().find("Pass") != std::string::npos;
-}
-
 Effect effect_on(const Accepted& setting, const std::string& value, bool ran) {
   if (value == setting.passed) return Effect::AS_ASKED;
-  if (value.empty() && is_secret(setting.parameter)) return Effect::HIDDEN;
-  if ((setting.raised & APPLY_TASK_COMMANDS) != 0 && !ran) return Effect::DEFERRED;
-  return setting.stored ? Effect::DIFFERENT : Effect::NOTHING_CHANGED;
+  if (value.empty() && is_secret(*setting.parameter.row)) return Effect::HIDDEN;
+  if (setting.stored) return Effect::DIFFERENT;
+  const bool recorded = (setting.raised & APPLY_TASK_COMMANDS) != 0 && !setting.commanded;
+  return recorded && !ran ? Effect::DEFERRED : Effect::NOTHING_CHANGED;
 }
 
 // The parameter's value as it is now, where it has one.
@@ -57,7 +53,8 @@ std::string note(Effect effect, const std::string& asked) {
 
 Effect tell_effect(Agent& agent, const Accepted& setting, bool ran, Output& output) {
   Effect effect = Effect::AS_ASKED;
-  const auto value = read_back(agent, setting, ran, effect);
+  auto value = read_back(agent, setting, ran, effect);
+  if (value && is_secret(*setting.parameter.row)) value = output.redaction().secret(*value);
   const std::string shown = one_line(value.value_or(""));
   const std::string remark = note(effect, setting.asked);
   output.line(setting.parameter.path + " = " + shown + (shown.empty() || remark.empty() ? "" : " ") + remark);

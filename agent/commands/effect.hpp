@@ -12,7 +12,7 @@ namespace kovadm {
 enum class Effect {
   AS_ASKED,
   HIDDEN,           // a secret, which reads as empty by design
-  DEFERRED,         // a recorded command is to set it
+  DEFERRED,         // its handler left it to a recorded command
   DIFFERENT,        // something was stored, and the parameter reads differently
   UNREADABLE,       // the parameter cannot be read
   NOTHING_CHANGED,  // accepted, nothing was stored, and the parameter reads differently
@@ -24,6 +24,7 @@ struct Accepted {
   std::string asked;
   std::string passed;  // to the handler
   uint32_t raised;     // bits
+  bool commanded;      // its handler ran a command for what that does
   bool stored;         // anything: by its handler, or by what was run for its bits
 };
 

@@ -53,9 +53,12 @@ void tell_row(const Parameter& parameter, Output& output) {
 void tell_look_ups(const std::vector<seam::LookUp>& look_ups, Output& output) {
   std::vector<std::string> lines;
   Json list = Json::array();
-  for (const auto& [path, value] : look_ups) {
-    lines.push_back(path + (value ? " = " + *value : " (not there)"));
-    list.push_back({{"path", path}, {"value", value ? Json(*value) : Json()}});
+  for (const auto& [path, value, broken] : look_ups) {
+    std::optional<std::string> told = value;
+    if (value && is_secret_name(path.substr(path.rfind('.') + 1))) told = output.redaction().secret(*value);
+    lines.push_back(path + (told ? " = " + *told : broken ? " (cannot be parsed)" : " (not there)"));
+    list.push_back({{"path", path}, {"value", told ? Json(*told) : Json()}});
+    if (broken) list.back()["broken"] = true;
   }
   tell("options", lines, output);
   output.document()["options"] = list;
@@ -99,7 +102,7 @@ void tell_outcome(uint32_t mask, const std::vector<std::string>& recorded, const
   std::vector<std::string> bits;
   for (const ApplyBit& bit : raised_bits(mask)) bits.push_back(bit.name);
   std::vector<std::string> lines;
-  for (const Change& change : changes) lines.push_back(to_text(change));
+  for (const Change& change : changes) lines.push_back(to_text(change, output.redaction()));
   tell("apply", bits, output);
   tell("recorded", recorded, output);
   tell("changes", lines, output);
@@ -117,8 +120,10 @@ int explain(Agent& agent, const std::string& path, Output& output) {
   }
   tell_row(*parameter, output);
   std::variant<std::string, Fault> answer;
-  tell_trace(seam::trace([&] { answer = agent.get(*parameter); }), output);
+  const seam::Trace seen = seam::trace([&] { answer = agent.get(*parameter); });
   const auto* value = std::get_if<std::string>(&answer);
+  if (value != nullptr && is_secret(*parameter->row)) output.redaction().note_word(*value);
+  tell_trace(seen, output);
   if (value != nullptr) {
     tell("value", {*value}, output);
     output.document()["value"] = *value;
@@ -145,6 +150,7 @@ int explain(Agent& agent, const Setting& setting, Output& output) {
   uint32_t mask = 0;
   std::optional<Fault> fault;
   const std::string value = as_handlers_know(setting.value, parameter->row->type);
+  if (is_secret(*parameter->row)) output.redaction().note_word(value);
   seam::Trace seen = seam::trace([&] { fault = agent.set(*parameter, value, mask); });
   if (value != setting.value) {
     tell("passed", {value}, output);
@@ -167,9 +173,9 @@ int explain_on_copy(Agent& agent, const Setting& setting, Output& output) {
 }
 
 int run(Context& context, const std::string& text) {
-  Agent& agent = context.agent();
-  if (text.find('=') == std::string::npos) return explain(agent, text, context.output());
+  if (text.find('=') == std::string::npos) return explain(context.agent(), text, context.output());
   const Setting setting = read_settings({text}).front();
+  Agent& agent = context.agent_alone();
   // A replay's stores are copies.
   return context.replays() ? explain(agent, setting, context.output())
                            : explain_on_copy(agent, setting, context.output());

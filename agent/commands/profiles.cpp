@@ -4,6 +4,7 @@
 #include <set>
 
 #include "commands/command.hpp"
+#include "commands/invalid.hpp"
 #include "device/walk.hpp"
 #include "model/profile.hpp"
 #include "output/progress.hpp"
@@ -13,6 +14,12 @@ namespace kovadm {
 namespace {
 
 enum class Answer { NO_INSTANCE, ANSWERS, FAULT };
+
+// A value that the device answered with.
+struct Value {
+  Parameter parameter;
+  std::string text;
+};
 
 // What the device answers for the paths of the catalogue that were asked for.
 using Answers = std::map<std::string, Answer>;
@@ -45,7 +52,7 @@ std::vector<Profile> chosen_profiles(const std::vector<std::string>& names) {
 std::string top_object(const std::string& path) { return path.substr(0, path.find('.', path.find('.') + 1) + 1); }
 
 // A parameter answers when it does so in all instances that there are.
-Answers ask(Agent& agent, const std::vector<Profile>& chosen) {
+Answers ask(Agent& agent, const std::vector<Profile>& chosen, std::vector<Value>& values) {
   Answers answers;
   std::set<std::string> objects;
   for (const Profile& profile : chosen) {
@@ -62,9 +69,11 @@ Answers ask(Agent& agent, const std::vector<Profile>& chosen) {
       const auto answer = answers.find(catalogue_path(parameter.path));
       if (answer == answers.end() || answer->second == Answer::FAULT) return true;
       progress.show(parameter.path);
-      const bool answered = std::holds_alternative<std::string>(agent.get(parameter));
-      answer->second = answered ? Answer::ANSWERS : Answer::FAULT;
-      return answered;
+      const auto got = agent.get(parameter);
+      const auto* value = std::get_if<std::string>(&got);
+      answer->second = value != nullptr ? Answer::ANSWERS : Answer::FAULT;
+      if (value != nullptr) values.push_back({parameter, *value});
+      return value != nullptr;
     });
   }
   return answers;
@@ -138,7 +147,8 @@ void tell_table(const std::vector<std::vector<std::string>>& table, Output& outp
 int profiles(Agent* agent, const std::vector<std::string>& names, Output& output) {
   const std::vector<Profile> chosen = chosen_profiles(names);
   Answers answers;
-  if (agent != nullptr) answers = ask(*agent, chosen);
+  std::vector<Value> values;
+  if (agent != nullptr) answers = ask(*agent, chosen, values);
   output.document()["profiles"] = Json::array();
   std::vector<std::vector<std::string>> table;
   for (const Profile& profile : chosen) {
@@ -151,6 +161,7 @@ int profiles(Agent* agent, const std::vector<std::string>& names, Output& output
     table.clear();
   }
   tell_table(table, output);
+  for (const Value& value : values) tell_if_invalid(value.parameter, value.text, output);
   return output.finish();
 }
 
@@ -163,7 +174,7 @@ Run define(CLI::App& line) {
   line.add_option("NAME", options->names, "A profile, to be told of parameter by parameter");
   line.add_flag("--live", options->live, "Ask the device too whether the parameters answer");
   return [options](Context& context) {
-    return profiles(options->live ? &context.agent() : nullptr, options->names, context.output());
+    return profiles(options->live ? &context.agent_alone() : nullptr, options->names, context.output());
   };
 }
 

@@ -1,9 +1,14 @@
 #include "commands/reader.hpp"
 
+#include "commands/invalid.hpp"
 #include "device/instances.hpp"
 #include "device/walk.hpp"
 
 namespace kovadm {
+
+Reader::Reader(Agent& agent, Output& output, Tell tell) : agent_(agent), output_(output), tell_(tell) {
+  output.document()[tell == Tell::ALL ? "values" : "invalid"] = Json::array();
+}
 
 void Reader::parameter(const std::string& path) {
   const auto found = find_parameter(path);
@@ -31,11 +36,19 @@ bool Reader::read(const Parameter& parameter) {
   progress_.clear();
   const auto* value = std::get_if<std::string>(&answer);
   if (value != nullptr) {
-    output_.value(parameter.path, *value);
+    tell(parameter, *value);
   } else {
     output_.fault(std::get<Fault>(answer));
   }
   return value != nullptr;
+}
+
+void Reader::tell(const Parameter& parameter, const std::string& value) {
+  if (tell_ == Tell::ALL) {
+    output_.value(parameter.path, is_secret(*parameter.row) ? output_.redaction().secret(value) : value);
+  } else if (tell_if_invalid(parameter, value, output_)) {
+    ++invalid_;
+  }
 }
 
 }  // namespace kovadm

@@ -9,9 +9,12 @@
 
 namespace kovadm {
 
+// Which values are told.
+enum class Tell { ALL, INVALID };
+
 class Reader {
  public:
-  Reader(Agent& agent, Output& output) : agent_(agent), output_(output) { output.document()["values"] = Json::array(); }
+  Reader(Agent& agent, Output& output, Tell tell = Tell::ALL);
 
   // One parameter.
   void parameter(const std::string& path);
@@ -19,13 +22,19 @@ class Reader {
   // All whose paths begin with `prefix`.
   void below(const std::string& prefix);
 
+  // How many values were none of their type, where these are told.
+  int invalid() const { return invalid_; }
+
  private:
   bool read(const Parameter& parameter);
+  void tell(const Parameter& parameter, const std::string& value);
 
   Agent& agent_;
   Output& output_;
+  Tell tell_;
   Progress progress_;
   int count_ = 0;
+  int invalid_ = 0;
 };
 
 }  // namespace kovadm

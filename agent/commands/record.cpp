@@ -50,7 +50,7 @@ Run define(CLI::App& line) {
   line.add_option("FILE", options->file)->required();
   line.add_option("PREFIX", options->prefixes, kPrefixHelp);
   line.add_flag("--with-secrets", options->with_secrets, "Keep passwords and keys; else a mark replaces them");
-  return [options](Context& context) { return record(context.agent(), *options, context.output()); };
+  return [options](Context& context) { return record(context.agent_alone(), *options, context.output()); };
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "device/instances.hpp"
 #include "device/task_records.hpp"
 #include "model/value_type.hpp"
+#include "seam/platform.hpp"
 #include "seam/work_directory.hpp"
 
 namespace kovadm {
@@ -26,11 +27,23 @@ struct Call {
   std::string passed;  // to the handler
 };
 
+// The commands that a handler runs for what they do.
+class RunCommands final : public seam::Platform {
+ public:
+  int system(const char* command) override {
+    commands.emplace_back(command);
+    return Platform::system(command);
+  }
+
+  std::vector<std::string> commands;
+};
+
 // A request under way.
 struct Request {
   seam::Texts start = seam::kept_files();
   TaskRecords records;
   uint32_t mask = 0;
+  RunCommands run;
   std::vector<Accepted> accepted;
 };
 
@@ -44,6 +57,7 @@ std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool
   std::set<std::string> paths;
   for (const auto& [path, value] : settings) {
     const auto parameter = find_parameter(path);
+    if (parameter && is_secret(*parameter->row)) output.redaction().note_word(value);
     if (!parameter) {
       output.fault(unknown_path(path));
     } else if (!paths.insert(path).second) {
@@ -69,20 +83,28 @@ void make_calls(Agent& agent, const std::vector<Call>& calls, Request& request, 
   seam::Texts before = request.start;
   for (const auto& [parameter, asked, passed] : calls) {
     uint32_t raised = 0;
+    const std::size_t commands = request.run.commands.size();
     if (passed != asked) output.line("passed: " + parameter.path + " = " + passed);
-    if (const auto fault = agent.set(parameter, passed, raised)) {
+    std::optional<Fault> fault;
+    {
+      const seam::InUse in_use(request.run);
+      fault = agent.set(parameter, passed, raised);
+    }
+    if (fault) {
       output.fault(*fault);
       continue;
     }
     request.mask |= raised;
     seam::Texts after = seam::kept_files();
     const bool stored = stores_anything(changes(before, after, request.start));
-    request.accepted.push_back({parameter, asked, passed, raised, stored});
+    request.accepted.push_back({parameter, asked, passed, raised, request.run.commands.size() > commands, stored});
     before = std::move(after);
   }
 }
 
 void tell_request(const Request& request, const seam::Texts& now, Output& output) {
+  for (const std::string& command : request.run.commands) output.line("ran: " + command);
+  output.document()["commands"] = request.run.commands;
   output.document()["mask"] = request.mask;
   output.document()["bits"] = Json::array();
   for (const ApplyBit& bit : raised_bits(request.mask)) {
@@ -114,7 +136,7 @@ struct Options {
 int set(Context& context, const Options& options) {
   if (options.apply && context.replays()) throw SetupError("--apply runs commands, and a replay runs none");
   const std::vector<Setting> settings = read_settings(options.settings);
-  Agent& agent = context.agent();
+  Agent& agent = context.agent_alone();
   Output& output = context.output();
   const std::vector<Call> calls = check(agent, settings, options.force, output);
   if (calls.empty()) return output.finish();

@@ -6,17 +6,23 @@
 namespace kovadm {
 namespace {
 
-int walk(Context& context, const std::vector<std::string>& prefixes) {
-  Reader reader(context.agent(), context.output());
-  for (const std::string& prefix : prefixes) reader.below(prefix);
-  if (prefixes.empty()) reader.below("");
-  return context.output().finish();
+struct Options {
+  std::vector<std::string> prefixes;
+  bool check = false;  // tell what is wrong only
+};
+
+int walk(Context& context, const Options& options) {
+  Reader reader(context.agent_alone(), context.output(), options.check ? Tell::INVALID : Tell::ALL);
+  for (const std::string& prefix : options.prefixes) reader.below(prefix);
+  if (options.prefixes.empty()) reader.below("");
+  return context.output().finish(reader.invalid() > 0 ? 1 : 0);
 }
 
 Run define(CLI::App& line) {
-  auto prefixes = std::make_shared<std::vector<std::string>>();
-  line.add_option("PREFIX", *prefixes, kPrefixHelp);
-  return [prefixes](Context& context) { return walk(context, *prefixes); };
+  auto options = std::make_shared<Options>();
+  line.add_option("PREFIX", options->prefixes, kPrefixHelp);
+  line.add_flag("--check", options->check, "Tell faults, and values that are none of their type; no others");
+  return [options](Context& context) { return walk(context, *options); };
 }
 
 }  // namespace

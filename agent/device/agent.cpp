@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "seam/handler.hpp"
+#include "seam/platform.hpp"
 
 namespace kovadm {
 namespace {
@@ -36,6 +37,21 @@ Fault missing_handler(const Plugin& plugin, const Parameter& parameter) {
   return {FaultCode::INTERNAL_ERROR, parameter.path, plugin.file() + " has no handler " + parameter.row->handler, ""};
 }
 
+// Warns of packages that are there and cannot be parsed: handlers read them as empty.
+class BrokenPackages final : public seam::Platform {
+ public:
+  explicit BrokenPackages(const Agent& agent) : agent_(agent) {}
+
+  int uci_load(uci_context* context, const char* name, uci_package** package) override {
+    const int result = Platform::uci_load(context, name, package);
+    if (result == UCI_ERR_PARSE) agent_.warn(std::string(name) + ": cannot be parsed, and reads as empty");
+    return result;
+  }
+
+ private:
+  const Agent& agent_;
+};
+
 }  // namespace
 
 std::vector<int32_t> instance_array(const Parameter& parameter) {
@@ -49,6 +65,8 @@ std::variant<std::string, Fault> Agent::get(const Parameter& parameter) {
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   std::vector<int32_t> instances = instance_array(parameter);  // which a handler may rewrite
   ValueBuffer output;
+  BrokenPackages broken(*this);
+  const seam::InUse in_use(broken);
   if (seam::get(handler, instances.data(), output.data(), record_.get()) != 0)
     return Fault{FaultCode::INTERNAL_ERROR, parameter.path, "the handler failed", ""};
   return std::string(output.data());
@@ -58,6 +76,8 @@ std::optional<Fault> Agent::set(const Parameter& parameter, const std::string& v
   parameter_handler handler = plugin_.handler(parameter.row->handler);
   if (handler == nullptr) return missing_handler(plugin_, parameter);
   std::vector<int32_t> instances = instance_array(parameter);  // which a handler may rewrite
+  BrokenPackages broken(*this);
+  const seam::InUse in_use(broken);
   if (seam::set(handler, instances.data(), value.c_str(), &mask) == 0) return std::nullopt;
   return Fault{FaultCode::INVALID_PARAMETER_VALUE, parameter.path, "refused \"" + value + '"', ""};
 }

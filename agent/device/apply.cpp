@@ -19,8 +19,9 @@ std::string to_the_end(const std::string& command) {
 
 void run(const std::string& command, const ApplyBit& bit, Output& output) {
   Progress progress;
-  const int status = exit_status(run_in_shell(
-      to_the_end(command).c_str(), [&](int seconds) { progress.show(std::to_string(seconds) + " s " + command); }));
+  const int status = exit_status(run_in_shell(to_the_end(command).c_str(), [&](int seconds) {
+    progress.show(std::to_string(seconds) + " s " + output.redaction().text(command));
+  }));
   progress.clear();
   const std::string outcome = command + " (status " + std::to_string(status) + ")";
   output.line("ran: " + outcome);

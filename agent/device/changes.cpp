@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <set>
 
+#include "model/catalogue.hpp"
 #include "seam/paths.hpp"
 
 namespace kovadm {
@@ -78,7 +79,12 @@ std::string quoted(const Change& change, const std::optional<std::string>& value
   return '"' + one_line(whole ? *value : value->substr(0, kLongest) + "...") + '"';
 }
 
-Json json_or_null(const std::optional<std::string>& value) { return value ? Json(*value) : Json(); }
+bool is_secret(const Change& change) { return is_secret_name(change.path.substr(change.path.rfind('.') + 1)); }
+
+Json json_of(const Change& change, const Value& value, Redaction& redaction) {
+  if (!value) return {};
+  return is_secret(change) ? redaction.secret(*value) : *value;
+}
 
 }  // namespace
 
@@ -103,19 +109,20 @@ std::vector<Change> changes(const Texts& before, const Texts& after, const Texts
   return all;
 }
 
-std::string to_text(const Change& change) {
-  return change.store + ": " + change.path + ": " + quoted(change, change.before) + " -> " +
-         quoted(change, change.after) + (change.was_pending ? " (was pending)" : "");
+std::string to_text(const Change& change, const Redaction& redaction) {
+  const bool untold = !redaction.off() && is_secret(change);
+  const std::string what = untold ? "changed" : quoted(change, change.before) + " -> " + quoted(change, change.after);
+  return change.store + ": " + change.path + ": " + what + (change.was_pending ? " (was pending)" : "");
 }
 
 Json tell_changes(const std::vector<Change>& changes, Output& output) {
   Json list = Json::array();
   for (const Change& change : changes) {
-    output.line(to_text(change));
+    output.line(to_text(change, output.redaction()));
     list.push_back({{"store", change.store},
                     {"path", change.path},
-                    {"before", json_or_null(change.before)},
-                    {"after", json_or_null(change.after)}});
+                    {"before", json_of(change, change.before, output.redaction())},
+                    {"after", json_of(change, change.after, output.redaction())}});
     if (change.was_pending) list.back()["was_pending"] = true;
   }
   return list;

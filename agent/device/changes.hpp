@@ -25,8 +25,8 @@ struct Change {
 // the request.
 std::vector<Change> changes(const seam::Texts& before, const seam::Texts& after, const seam::Texts& start);
 
-// For people.
-std::string to_text(const Change& change);
+// For people; of a secret, that it changed.
+std::string to_text(const Change& change, const Redaction& redaction);
 
 // Tells the changes, and makes their part of the document.
 Json tell_changes(const std::vector<Change>& changes, Output& output);

@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "families.h"
+#include "model/data_files.hpp"
 
 namespace kovadm {
 namespace {
@@ -49,6 +50,13 @@ bool is_secret(const Row& row) {
   return row.type == Type::SECRET || std::any_of(row.paths.begin(), row.paths.end(), [](const std::string& path) {
            return is_secret_name(path.substr(path.rfind('.') + 1));
          });
+}
+
+std::string movement(const std::string& path) {
+  static const auto table = read_table(kMovingTable);
+  const auto found =
+      std::find_if(table.begin(), table.end(), [&](const auto& cells) { return path.ends_with(cells[0]); });
+  return found != table.end() ? found->at(1) : "";
 }
 
 std::string to_text(Access access) { return access == Access::READ_ONLY ? "read-only" : "read-write"; }

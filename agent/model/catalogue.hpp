@@ -24,6 +24,9 @@ bool is_secret_name(const std::string& name);
 // By its type, or its name.
 bool is_secret(const Row& row);
 
+// "clock", "counter" or "load" for a parameter that moves by itself; else empty.
+std::string movement(const std::string& path);
+
 // Where the handler is defined, as "FILE:LINE" of the sources that this program was built with; empty: unknown.
 std::string definition_of(const std::string& handler);
 

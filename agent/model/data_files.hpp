@@ -1,4 +1,4 @@
-// The data files that kovadm has in it: profiles.tsv, access-differences.tsv and shell-ways.tsv.
+// The data files that kovadm has in it: profiles.tsv, access-differences.tsv, shell-ways.tsv and moving.tsv.
 #pragma once
 
 #include <string>
@@ -9,6 +9,7 @@ namespace kovadm {
 extern const char kProfileTable[];
 extern const char kAccessDifferenceTable[];
 extern const char kShellWayTable[];
+extern const char kMovingTable[];
 
 // A file's lines, cell by cell, without comments.
 std::vector<std::vector<std::string>> read_table(const char* text);

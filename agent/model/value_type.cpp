@@ -26,11 +26,13 @@ bool matches(const std::string& text, const char* pattern) {
 }
 
 template <typename Number>
-bool is_number(std::string_view text) {
+std::string number_error(std::string_view text) {
   if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   Number number = 0;
   const auto [end, error] = std::from_chars(text.begin(), text.end(), number);
-  return error == std::errc() && end == text.end();
+  if (error == std::errc::result_out_of_range) return "out of range";
+  if (error != std::errc()) return "not a number";
+  return end == text.end() ? "" : "more than a number";
 }
 
 bool is_ip_address(const std::string& text) {
@@ -38,24 +40,32 @@ bool is_ip_address(const std::string& text) {
   return text.empty() || matches(text, kIpv4) || inet_pton(AF_INET6, text.c_str(), &address) == 1;
 }
 
+bool is_never_empty(Type type) {
+  return type == Type::BOOLEAN || type == Type::UNSIGNED_INT || type == Type::INT || type == Type::UNSIGNED_LONG ||
+         type == Type::DATE_TIME;
+}
+
 }  // namespace
 
-bool is_of_type(const std::string& value, Type type) {
+bool is_of_type(const std::string& value, Type type) { return type_error(value, type).empty(); }
+
+std::string type_error(const std::string& value, Type type) {
+  if (value.empty() && is_never_empty(type)) return "empty";
   switch (type) {
     case Type::BOOLEAN:
-      return matches(value, kBoolean);
+      return matches(value, kBoolean) ? "" : "neither 0, 1, false nor true";
     case Type::UNSIGNED_INT:
-      return is_number<uint32_t>(value);
+      return number_error<uint32_t>(value);
     case Type::INT:
-      return is_number<int32_t>(value);
+      return number_error<int32_t>(value);
     case Type::UNSIGNED_LONG:
-      return is_number<uint64_t>(value);
+      return number_error<uint64_t>(value);
     case Type::DATE_TIME:
-      return matches(value, kDateTime);
+      return matches(value, kDateTime) ? "" : "not like 2026-01-31T12:00:00Z";
     case Type::IP_ADDRESS:
-      return is_ip_address(value);
+      return is_ip_address(value) ? "" : "not an address";
     default:
-      return true;
+      return "";
   }
 }
 

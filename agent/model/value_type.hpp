@@ -12,6 +12,9 @@ namespace kovadm {
 // and MAC addresses are not looked at.
 bool is_of_type(const std::string& value, Type type);
 
+// Why a text is no value of the type, for people: "out of range"; empty where it is one.
+std::string type_error(const std::string& value, Type type);
+
 // The text as handlers know it: a server may spell a boolean in two ways, of which they know "1" and "0".
 std::string as_handlers_know(const std::string& value, Type type);
 

@@ -69,10 +69,15 @@ std::string one_line(const std::string& text) {
 
 void Output::Closer::operator()(FILE* file) const { std::fclose(file); }
 
-Output::Output(bool json) : json_(json), file_(open_standard_output()), commands_({STDOUT_FILENO}) {}
+Output::Output(bool json, bool show_secrets)
+    : json_(json), redaction_(show_secrets), file_(open_standard_output()), commands_({STDOUT_FILENO}) {}
 
 void Output::put(const std::string& text) {
-  if (!put_line(file_.get(), text) && lost_ == 0) lost_ = errno;
+  if (!put_line(file_.get(), redaction_.text(text)) && lost_ == 0) lost_ = errno;
+}
+
+void Output::complain(const std::string& text) const {
+  if (!json_) put_line(stderr, redaction_.text(text));
 }
 
 void Output::take_printed() {
@@ -86,7 +91,7 @@ void Output::take_printed() {
 // Not at once: while it is found out, what is written to standard error may be caught.
 void Output::tell_notes() {
   for (const std::string& note : notes_) {
-    if (!json_) put_line(stderr, one_line(note));
+    complain(one_line(note));
   }
   notes_.clear();
 }
@@ -105,12 +110,12 @@ void Output::value(const std::string& path, const std::string& value) {
 void Output::fault(const Fault& fault) {
   tell_notes();
   faults_.push_back(to_json(fault));
-  if (!json_) put_line(stderr, to_text(fault));
+  complain(to_text(fault));
 }
 
 void Output::failure(const std::string& text) {
   failed_ = true;
-  if (!json_) put_line(stderr, "failed: " + one_line(text));
+  complain("failed: " + one_line(text));
 }
 
 void Output::not_recorded(const std::string& what) {
@@ -129,6 +134,7 @@ int Output::finish(int success) {
   if (!warnings_.empty()) document_["warnings"] = warnings_;
   if (!document_.contains("printed")) document_["printed"] = printed_;
   document_["faults"] = faults_;
+  redaction_.apply(document_);
   // Values are bytes of the device's; what is no UTF-8 is replaced.
   if (json_) put(document_.dump(2, ' ', false, Json::error_handler_t::replace));
   if (lost_ != 0) throw std::system_error(lost_, std::generic_category(), "standard output");

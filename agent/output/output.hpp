@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/fault.hpp"
+#include "output/redaction.hpp"
 #include "seam/caught_output.hpp"
 
 namespace kovadm {
@@ -17,7 +18,8 @@ using Json = nlohmann::ordered_json;
 class Output {
  public:
   // From here on standard output is this output's alone: what the handlers' commands print there is told as "printed".
-  explicit Output(bool json);
+  // Secrets that it knows of are left out unless they are to be shown.
+  explicit Output(bool json, bool show_secrets = false);
 
   // A line for the reader, without its end.
   void line(const std::string& text);
@@ -26,6 +28,9 @@ class Output {
   Json& document() { return document_; }
 
   void value(const std::string& path, const std::string& value);
+
+  // What is told and what is not to be.
+  Redaction& redaction() { return redaction_; }
   void fault(const Fault& fault);
   bool has_faults() const { return !faults_.empty(); }
 
@@ -51,11 +56,13 @@ class Output {
     void operator()(FILE* file) const;
   };
 
-  void put(const std::string& text);  // a line, on what was standard output
+  void put(const std::string& text);             // a line, on what was standard output
+  void complain(const std::string& text) const;  // a line, on standard error
   void take_printed();
   void tell_notes();
 
   bool json_;
+  Redaction redaction_;
   bool failed_ = false;
   int lost_ = 0;  // why standard output did not take a line: an errno
   std::unique_ptr<FILE, Closer> file_;

@@ -10,9 +10,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Shorter ones are words that stand for something else, too.
-constexpr std::size_t kTellingLength = 8;
-
 // "/etc/config/network" is "network", as paths of options have it.
 std::string package_of(const std::string& file) {
   return file.starts_with(seam::kMainStore) ? file.substr(sizeof seam::kMainStore) : file;
@@ -24,15 +21,6 @@ std::pair<std::string, std::string> package_and_option(const std::string& path) 
   const std::size_t section = option == std::string::npos || option == 0 ? option : path.rfind('.', option - 1);
   if (section == std::string::npos) return {path, ""};
   return {path.substr(0, section), path.substr(option + 1)};
-}
-
-bool replace_all(std::string& text, const std::string& value) {
-  bool replaced = false;
-  for (std::size_t at = text.find(value); at != std::string::npos; at = text.find(value, at + sizeof kSecretMark - 1)) {
-    text.replace(at, value.size(), kSecretMark);
-    replaced = true;
-  }
-  return replaced;
 }
 
 }  // namespace
@@ -68,7 +56,7 @@ std::string Secrets::without_values(std::string text, const std::string& source,
                                     std::set<std::string>& replaced) const {
   bool found = false;
   for (const std::string& value : values_) {
-    if (value.size() >= kTellingLength) found |= replace_all(text, value);
+    if (value.size() >= kTellingLength) found |= replace_secret(text, value);
   }
   if (found) replaced.insert(source);
   return text;
@@ -109,7 +97,7 @@ std::set<std::string> Secrets::replace_in(Recording& recording) {
   }
   for (auto& [command, answer] : recording.commands) {
     bool found = false;
-    for (const std::string& value : outputs_[command]) found |= replace_all(answer.output, value);
+    for (const std::string& value : outputs_[command]) found |= replace_secret(answer.output, value);
     if (found) replaced.insert("command " + command);
     answer.output = without_values(answer.output, "command " + command, replaced);
   }

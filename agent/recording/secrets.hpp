@@ -8,12 +8,11 @@
 #include <vector>
 
 #include "model/catalogue.hpp"
+#include "output/redaction.hpp"
 #include "recording/recording.hpp"
 #include "seam/trace.hpp"
 
 namespace kovadm {
-
-inline constexpr char kSecretMark[] = "(secret)";
 
 class Secrets {
  public:
