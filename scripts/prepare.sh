@@ -10,7 +10,7 @@ fail() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev)
-LAB_PACKAGES=(bubblewrap proot busybox-static lua5.1 iproute2)
+LAB_PACKAGES=(bubblewrap proot busybox-static lua5.1 iproute2 socat)
 TEST_PACKAGES=(libgtest-dev libbenchmark-dev valgrind pkgconf)
 PROCESSOR_PACKAGES=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf g++-mips-linux-gnu g++-mipsel-linux-gnu
   g++-riscv64-linux-gnu qemu-user-static xz-utils)
