@@ -227,6 +227,11 @@ TEST_F(Kovadm, ExplainTellsWhatOneGetDid) {
   EXPECT_EQ(missing.status, 1);
   EXPECT_NE(missing.out.find("cwmp.info.enable (not there)"), std::string::npos);
   EXPECT_NE(missing.out.find("FTGACSE."), std::string::npos);
+  // A package that nobody can parse is there.
+  write_file("/etc/config/cwmp", "config broken \"");
+  const json broken = kovadm("explain --json " SERVER "URL").document();
+  EXPECT_EQ(broken["options"], (json{{{"path", "cwmp"}, {"value", nullptr}, {"broken", true}}}));
+  EXPECT_EQ(broken["warnings"], json{"cwmp: cannot be parsed, and reads as empty"});
   EXPECT_EQ(contents("/tmp/cwmp_debug"), std::nullopt);
 }
 
