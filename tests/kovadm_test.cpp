@@ -32,31 +32,6 @@ std::string on_terminal(const char* kind, const char* command) {
   return text;
 }
 
-// The text without blanks at the ends of its lines, which documents do without, and without times and the numbers of
-// lines of the sources.
-std::string comparable(const std::string& text) {
-  static const std::regex other(R"( +(?=\n)|(\.cpp:|\.c, )[1-9][0-9]*|20[0-9]{2}-[0-9-]+[ T][0-9:]+)");
-  return std::regex_replace(text, other, "$1");
-}
-
-void expect_examples_of(const char* file) {
-  std::istringstream page(*contents(file));
-  const std::string indent = "    ";
-  const std::string prompt = indent + "$ ";
-  int examples = 0;
-  for (std::string line; std::getline(page, line);) {
-    if (!line.starts_with(prompt)) continue;
-    ASSERT_EQ(run("/sbin/lab-reset"), 0);
-    const std::string command = line.substr(prompt.size());
-    std::string shown;
-    while (std::getline(page, line) && line.starts_with(indent)) shown += line.substr(indent.size()) + "\n";
-    run(command + " >/root/out 2>&1");
-    EXPECT_EQ(comparable(*contents("/root/out")), comparable(shown)) << command;
-    ++examples;
-  }
-  EXPECT_GE(examples, 6) << file;
-}
-
 TEST_F(Kovadm, DoesWhatItsPagesShow) {
   expect_examples_of(KOVADM_PAGE);
   expect_examples_of(RECORDINGS_PAGE);

@@ -2,6 +2,7 @@
 
 namespace kovadm {
 
-const std::vector<const Command*> kCommands = {&kList, &kGet, &kSet, &kWalk, &kExplain, &kRecord, &kDiff, &kProfiles};
+const std::vector<const Command*> kCommands = {&kList,   &kGet,  &kSet,      &kWalk,   &kExplain,
+                                               &kRecord, &kDiff, &kProfiles, &kSession};
 
 }  // namespace kovadm

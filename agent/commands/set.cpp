@@ -1,6 +1,5 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <set>
 
 #include "commands/command.hpp"
 #include "commands/effect.hpp"
@@ -8,10 +7,9 @@
 #include "commands/shell_ways.hpp"
 #include "device/apply.hpp"
 #include "device/apply_mask.hpp"
+#include "device/call.hpp"
 #include "device/changes.hpp"
-#include "device/instances.hpp"
 #include "device/task_records.hpp"
-#include "model/value_type.hpp"
 #include "seam/platform.hpp"
 #include "seam/work_directory.hpp"
 
@@ -20,12 +18,6 @@ namespace {
 
 // The exit status of a request that was accepted, but for some value nothing changed.
 constexpr int kNothingChanged = 3;
-
-struct Call {
-  Parameter parameter;
-  std::string asked;
-  std::string passed;  // to the handler
-};
 
 // The commands that a handler runs for what they do.
 class RunCommands final : public seam::Platform {
@@ -54,24 +46,16 @@ bool stores_anything(const std::vector<Change>& all) {
 // The calls of a request that can be made; none, and the faults told, where one of them cannot.
 std::vector<Call> check(Agent& agent, const std::vector<Setting>& settings, bool force, Output& output) {
   std::vector<Call> calls;
-  std::set<std::string> paths;
+  RequestCheck checked(agent, force);
   for (const auto& [path, value] : settings) {
     const auto parameter = find_parameter(path);
     if (parameter && is_secret(*parameter->row)) output.redaction().note_word(value);
-    if (!parameter) {
-      output.fault(unknown_path(path));
-    } else if (!paths.insert(path).second) {
-      output.fault({FaultCode::INVALID_ARGUMENTS, path, "given twice", ""});
-    } else if (parameter->row->access == Access::READ_ONLY) {
-      output.fault({FaultCode::NON_WRITABLE_PARAMETER, path, "", ""});
-    } else if (const auto missing = missing_instance(agent, path)) {
-      output.fault(*missing);
-    } else if (!force && !is_of_type(value, parameter->row->type)) {
-      const std::string detail = "no " + to_text(parameter->row->type) + ": \"" + value + '"';
-      output.fault({FaultCode::INVALID_PARAMETER_VALUE, path, detail, ""});
+    auto call = checked.call(path, value);
+    if (const auto* fault = std::get_if<Fault>(&call)) {
+      output.fault(*fault);
     } else {
       warn_of_shell(*parameter, value, output);
-      calls.push_back({*parameter, value, force ? value : as_handlers_know(value, parameter->row->type)});
+      calls.push_back(std::get<Call>(std::move(call)));
     }
   }
   if (calls.size() < settings.size()) calls.clear();

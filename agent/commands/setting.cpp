@@ -30,20 +30,20 @@ std::string read_file(const std::string& file) {
   return read_value(stream, file);
 }
 
+Setting read_setting(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  if (equals == 0 || equals == std::string::npos) throw SetupError("not PATH=VALUE: " + text);
+  return {text.substr(0, equals), given_value(text.substr(equals + 1))};
+}
+
+}  // namespace
+
 // "@FILE" and "@-" stand for what is read there, "@@" for a value's own "@".
-std::string value_of(const std::string& text) {
+std::string given_value(const std::string& text) {
   if (!text.starts_with('@')) return text;
   if (text == "@-") return read_standard_input();
   return text.starts_with("@@") ? text.substr(1) : read_file(text.substr(1));
 }
-
-Setting read_setting(const std::string& text) {
-  const std::size_t equals = text.find('=');
-  if (equals == 0 || equals == std::string::npos) throw SetupError("not PATH=VALUE: " + text);
-  return {text.substr(0, equals), value_of(text.substr(equals + 1))};
-}
-
-}  // namespace
 
 std::vector<Setting> read_settings(const std::vector<std::string>& texts) {
   std::vector<Setting> settings(texts.size());

@@ -14,6 +14,9 @@ struct Setting {
 // For the help.
 inline constexpr char kSettingHelp[] = "VALUE @FILE is read from a file, @- from standard input; @@ stands for @";
 
+// What a VALUE on the command line stands for. Throws SetupError.
+std::string given_value(const std::string& text);
+
 // From texts "PATH=VALUE"; a value may be empty and hold further equals signs. Throws SetupError.
 std::vector<Setting> read_settings(const std::vector<std::string>& texts);
 

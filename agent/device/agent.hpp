@@ -32,6 +32,11 @@ class Agent {
     if (warn_) warn_(text);
   }
 
+  // Where it takes connection requests from now on.
+  void listens_at(const std::string& host, uint16_t port, const std::string& path) {
+    record_.listens_at(host, port, path);
+  }
+
   // The parameter's value, or the fault.
   std::variant<std::string, Fault> get(const Parameter& parameter);
 

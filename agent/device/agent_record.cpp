@@ -94,4 +94,12 @@ AgentRecord::AgentRecord(const json& fields) {
   state_.wan_interface = wan_interface_.c_str();
 }
 
+void AgentRecord::listens_at(const std::string& host, uint16_t port, const std::string& path) {
+  host_ = host;
+  path_ = path;
+  state_.connection_request_port = port;
+  state_.connection_request_host = host_.c_str();
+  state_.connection_request_path = path_.c_str();
+}
+
 }  // namespace kovadm

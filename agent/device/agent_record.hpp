@@ -18,6 +18,9 @@ class AgentRecord {
   AgentRecord(const AgentRecord&) = delete;
   AgentRecord& operator=(const AgentRecord&) = delete;
 
+  // Where connection requests are taken.
+  void listens_at(const std::string& host, uint16_t port, const std::string& path);
+
   agent_state* get() { return &state_; }
 
  private:

@@ -44,4 +44,9 @@ parameter_handler Plugin::handler(const std::string& name) const {
   return reinterpret_cast<parameter_handler>(dlsym(library_.get(), name.c_str()));
 }
 
+bool Plugin::store(const char* package, const char* section, const char* option, const std::string& value) const {
+  const auto write = reinterpret_cast<decltype(&uci_raw_set_value)>(dlsym(library_.get(), "uci_raw_set_value"));
+  return write != nullptr && write(package, section, option, value.c_str()) == 0;
+}
+
 }  // namespace kovadm

@@ -24,6 +24,9 @@ class Plugin {
   // The exported handler; nullptr when the plug-in has none of that name.
   parameter_handler handler(const std::string& name) const;
 
+  // Writes an option of the router's store as handlers do. Whether it could.
+  bool store(const char* package, const char* section, const char* option, const std::string& value) const;
+
  private:
   struct Closer {
     void operator()(void* library) const;

@@ -5,8 +5,6 @@
 namespace kovadm {
 namespace {
 
-// Of one table, with those in it: no device has more.
-constexpr int kMostRows = 512;
 // After so many rows of which no parameter answers there are no more.
 constexpr int kMostFailing = 4;
 

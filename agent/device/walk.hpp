@@ -9,6 +9,9 @@
 
 namespace kovadm {
 
+// Of one table, with those in it: no device has more.
+inline constexpr int kMostRows = 512;
+
 // Whether the parameter answers, as far as that is asked.
 using Visit = std::function<bool(const Parameter&)>;
 

@@ -7,16 +7,26 @@ namespace kovadm {
 
 std::string to_text(FaultCode code) {
   switch (code) {
+    case FaultCode::METHOD_NOT_SUPPORTED:
+      return "Method not supported";
+    case FaultCode::REQUEST_DENIED:
+      return "Request denied";
     case FaultCode::INTERNAL_ERROR:
       return "Internal error";
     case FaultCode::INVALID_ARGUMENTS:
       return "Invalid arguments";
+    case FaultCode::RESOURCES_EXCEEDED:
+      return "Resources exceeded";
     case FaultCode::INVALID_PARAMETER_NAME:
       return "Invalid parameter name";
+    case FaultCode::INVALID_PARAMETER_TYPE:
+      return "Invalid parameter type";
     case FaultCode::INVALID_PARAMETER_VALUE:
       return "Invalid parameter value";
     case FaultCode::NON_WRITABLE_PARAMETER:
       return "Attempt to set a non-writable parameter";
+    case FaultCode::NOTIFICATION_REJECTED:
+      return "Notification request rejected";
   }
   return "";
 }

@@ -31,6 +31,9 @@ Finished kovadm(const std::string& arguments);
 // Puts a script of the shell in a program's place.
 void script_is(const std::string& path, const std::string& text);
 
+// Runs the examples of a page, each on a router in factory state, and expects what it shows.
+void expect_examples_of(const char* file);
+
 class Kovadm : public DeviceTest {
  protected:
   void SetUp() override;
