@@ -74,6 +74,9 @@ std::vector<Figure> figures() {
        [] { read_command("cat /proc/net/dev|grep -w lo"); }},
       {"host", get(Hosts_Host_HostName), [] { read_option(seam::kStateFiles, "hosts", "1", "hostname", output); }},
       walk_of_everything(),
+      walk_in_one_look(),
+      walk_of_household(50, 150),
+      walk_of_household(200, 600),
   };
   for (const int sections : {10, 100, 1000}) all.push_back(get_from_package(sections));
   return all;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "figures.hpp"
+#include "seam/platform.hpp"
 
 using namespace kova::bench;
 
@@ -23,17 +24,38 @@ pid_t next_process() {
   return child;
 }
 
-int processes_of(const std::function<void()>& work) {
+// What the store and the bus are asked.
+class Questions final : public seam::Platform {
+ public:
+  int uci_load(uci_context* context, const char* name, uci_package** package) override {
+    ++loads;
+    return Platform::uci_load(context, name, package);
+  }
+  int ubus_invoke_fd(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
+                     ubus_data_handler_t handler, void* context, int timeout, int file) override {
+    ++calls;
+    return Platform::ubus_invoke_fd(bus, id, method, message, handler, context, timeout, file);
+  }
+
+  int loads = 0;
+  int calls = 0;
+};
+
+void count_questions(benchmark::State& state, const std::function<void()>& work) {
+  Questions asked;
+  const seam::InUse in_use(asked, seam::Calls::OF_PROCESS);
   const pid_t before = next_process();
   work();
-  return next_process() - before - 1;
+  state.counters["processes"] = next_process() - before - 1;
+  state.counters["loads"] = asked.loads;
+  state.counters["bus_calls"] = asked.calls;
 }
 
 // The first time may take more than all others.
 void time_of(benchmark::State& state, const std::function<void()>& work) {
   work();
   while (state.KeepRunning()) work();
-  state.counters["processes"] = processes_of(work);
+  count_questions(state, work);
 }
 
 void count(const std::string& name, const std::function<void()>& work) {

@@ -15,6 +15,7 @@ extern "C" {
 #include "bus.hpp"
 #include "descriptors.hpp"
 #include "log.hpp"
+#include "look.hpp"
 #include "text.hpp"
 
 namespace {
@@ -249,6 +250,71 @@ int32_t ask_device(const char* name, bus_reply_handler on_reply, void* wanted) {
   return message ? ubus_call("network.device", "status", message.get(), on_reply, wanted, kTimeout) : -1;
 }
 
+// ---- One call ----
+
+// Its head and what it holds.
+size_t length_of(const blob_attr* message) { return message != nullptr ? sizeof *message + blob_len(message) : 0; }
+
+// The replies to one call, handed on as they come; and what is kept of it for the next who asks the same.
+struct Replies {
+  bus_reply_handler handler;
+  void* context;
+  bool is_kept;
+  Finding found = {};
+};
+
+void on_reply(ubus_request* request, int type, blob_attr* reply) {
+  Replies& replies = *static_cast<Replies*>(request->priv);
+  static constexpr char kPadding[sizeof(uint32_t)] = {};
+  const size_t size = length_of(reply);
+  replies.is_kept = replies.is_kept && size != 0 && replies.found.bytes.append(reply, size) &&
+                    replies.found.bytes.append(kPadding, blob_pad_len(reply) - size);
+  request->priv = replies.context;
+  replies.handler(request, type, reply);
+  request->priv = &replies;
+}
+
+void hand_on_again(std::span<char> replies, bus_reply_handler handler, void* context) {
+  for (size_t position = 0; position < replies.size();) {
+    blob_attr* const reply = reinterpret_cast<blob_attr*>(&replies[position]);
+    position += blob_pad_len(reply);
+    ubus_request request = {};
+    request.priv = context;
+    handler(&request, UBUS_MSG_DATA, reply);
+  }
+}
+
+struct Question {
+  const char* path;
+  const char* method;
+  blob_attr* message;
+  int32_t timeout;
+};
+
+std::string_view bytes_of(const blob_attr* message) {
+  return {reinterpret_cast<const char*>(message), length_of(message)};
+}
+
+void ask(const Question& question, Replies& replies) {
+  Finding& found = replies.found;
+  found.step = "ubus_connect";
+  found.error = -1;
+  const BusConnection bus;
+  if (!bus) return;
+  found.step = "ubus_lookup_id";
+  uint32_t id = 0;
+  found.error = ubus_lookup_id(bus.get(), question.path, &id);
+  if (found.error != 0) return;
+  found.step = "ubus_invoke";
+  found.error = ubus_invoke(bus.get(), id, question.method, question.message, on_reply, &replies, question.timeout);
+}
+
+// Tells why a call has failed, if it has. Its result.
+int32_t told(const Finding& found) {
+  if (found.error != 0) LOG("%s error\n", found.step);
+  return found.error;
+}
+
 // Without room in the output the bus is asked all the same, and nothing is written.
 StatusQuery make_query(uint32_t code, char* output, int32_t length) {
   return {code, {output, static_cast<size_t>(std::max(length, 0))}};
@@ -267,19 +333,16 @@ int32_t ubus_call(const char* path, const char* method, blob_attr* message, bus_
     LOG("NP\n");
     return -1;
   }
-  const BusConnection bus;
-  if (!bus) {
-    LOG("ubus_connect error\n");
-    return -1;
+  Source source({SourceName::BUS, {path, method, bytes_of(message)}});
+  if (const Finding* kept = source.kept()) {
+    hand_on_again(kept->bytes.get(), reply_handler, context);
+    return told(*kept);
   }
-  uint32_t id = 0;
-  if (const int error = ubus_lookup_id(bus.get(), path, &id); error != 0) {
-    LOG("ubus_lookup_id error\n");
-    return error;
-  }
-  const int error = ubus_invoke(bus.get(), id, method, message, reply_handler, context, timeout);
-  if (error != 0) LOG("ubus_invoke error\n");
-  return error;
+  Replies replies{.handler = reply_handler, .context = context, .is_kept = source.is_wanted()};
+  ask({path, method, message, timeout}, replies);
+  const int32_t result = told(replies.found);
+  if (replies.is_kept) source.keep(replies.found);
+  return result;
 }
 
 int32_t netif_get_interface_status(const char* name, uint32_t query, char* output, int32_t length) {

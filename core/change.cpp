@@ -144,7 +144,7 @@ const char* shown(const char* text) { return text != nullptr ? text : "(null)"; 
 bool uci_write_option(const Change& change, const char* directory) {
   LOG("uci set %s.%s.%s=%s.\n\n", shown(change.package), shown(change.section), shown(change.option),
       shown(change.value));
-  const ConfigContext context(directory);
+  ConfigContext context(directory);
   if (!context) {
     LOG("uci alloc ctx error.\n\n");
     return false;
@@ -174,7 +174,7 @@ bool uci_write_option(const Change& change, const char* directory) {
 // Whether there is room for the change in the mirror, once the main store has it.
 bool mirror_has_room(const char* mirror, const Change& change) {
   if (!change.is_valid()) return true;
-  const ConfigContext context(mirror);
+  ConfigContext context(mirror);
   uci_package* package = context ? context.load(change.package) : nullptr;
   if (package != nullptr && changes_nothing(context.get(), package, change)) return true;
   const uint64_t present = package != nullptr ? file_size(*package) : 0;
@@ -192,6 +192,7 @@ bool write_option(Section section, const char* option, const char* value) {
 using namespace kova;
 
 int32_t uci_raw_set_value(const char* package, const char* section, const char* option, const char* value) {
+  const Effect effect;
   const Change change{package, section, option, value};
   LOG("SUCF.\n\n");
   const bool forced = change.is_valid() && change.is_forced();
@@ -207,8 +208,9 @@ int32_t uci_raw_set_value(const char* package, const char* section, const char* 
 }
 
 int32_t uci_raw_set_value_By_path(const char* package, const char* section, const char* option, const char* value) {
+  const Effect effect;
   const Change change{package, section, option, value};
-  const ConfigContext context(kStateDirectory);
+  ConfigContext context(kStateDirectory);
   if (!context) {
     LOG("uci alloc ctx err.\n\n");
     return -1;
@@ -234,6 +236,7 @@ int32_t uci_raw_set_value_By_path(const char* package, const char* section, cons
 }
 
 int32_t uciRevert(const char* path) {
+  const Effect effect;
   if (path == nullptr) {
     LOG("Invalid input arg.\n");
     return -1;

@@ -34,10 +34,21 @@ class ExitStatuses {
 };
 
 // Runs a command as system() does, and has its exit status even where the agent ignores how its children end.
-int run_shell(const char* command) {
+int run_now(const char* command) {
   const StandardDescriptors standard;
   const ExitStatuses statuses;
   return system(command);
+}
+
+// Runs a command for its effect; a get runs it once in a look.
+int run_shell(const char* command) {
+  Source script({SourceName::SCRIPT, {command != nullptr ? command : ""}});
+  if (const Finding* kept = script.kept()) return kept->error;
+  look_anew();
+  Finding found;
+  found.error = run_now(command);
+  if (script.is_wanted()) script.keep(found);
+  return found.error;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "descriptors.hpp"
 #include "file.hpp"
+#include "look.hpp"
 #include "text.hpp"
 
 namespace kova {
@@ -39,23 +40,18 @@ class CommandLine {
   Text<4096> line_;
 };
 
-// Owns a pipe from a shell command's output; closed with the scope.
+// Owns a pipe from a shell command's output, or what the look has of that; closed with the scope.
 class CommandOutput {
  public:
-  explicit CommandOutput(const char* command) : pipe_(popen(command, "re")) {}
-  ~CommandOutput() {
-    if (pipe_ != nullptr) pclose(pipe_);
-  }
-  CommandOutput(const CommandOutput&) = delete;
-  CommandOutput& operator=(const CommandOutput&) = delete;
+  explicit CommandOutput(const char* command) : pipe_(SourceName::COMMAND, command, "re", popen, pclose) {}
 
-  explicit operator bool() const { return pipe_ != nullptr; }
+  explicit operator bool() const { return static_cast<bool>(pipe_); }
 
-  bool read_line(std::span<char> line) { return kova::read_line(pipe_, line); }
+  bool read_line(std::span<char> line) { return pipe_.read_line(line); }
 
  private:
   StandardDescriptors standard_;
-  FILE* pipe_;
+  LookedStream pipe_;
 };
 
 // Removes one trailing newline.

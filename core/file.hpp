@@ -6,38 +6,27 @@
 #include <span>
 
 #include "descriptors.hpp"
+#include "look.hpp"
 
 namespace kova {
 
-// Reads the next line, with its newline where it fits; false at the end and for one that cannot be read. At the end,
-// `line` is as it was. Where a signal interrupts, reading goes on.
-bool read_line(FILE* file, std::span<char> line);
-
-// Owns an open file; closed with the scope.
+// Owns an open file, or what the look has of one that is read; closed with the scope. Files are written for their
+// effect, when nothing is kept.
 class File {
  public:
-  File(const char* path, const char* mode) : file_(fopen(path, mode)) {}
-  ~File() {
-    if (file_ != nullptr) fclose(file_);
-  }
-  File(const File&) = delete;
-  File& operator=(const File&) = delete;
+  File(const char* path, const char* mode) : stream_(SourceName::TEXT_FILE, path, mode, fopen, fclose) {}
 
-  explicit operator bool() const { return file_ != nullptr; }
-  FILE* get() const { return file_; }
+  explicit operator bool() const { return static_cast<bool>(stream_); }
+  FILE* get() const { return stream_.get(); }
 
-  bool read_line(std::span<char> line) { return kova::read_line(file_, line); }
+  bool read_line(std::span<char> line) { return stream_.read_line(line); }
 
   // Closes the file. False when something of what was written cannot be kept.
-  bool close() {
-    FILE* file = file_;
-    file_ = nullptr;
-    return fclose(file) == 0;
-  }
+  bool close() { return stream_.close() == 0; }
 
  private:
   StandardDescriptors standard_;
-  FILE* file_;
+  LookedStream stream_;
 };
 
 // What comes of leaving a text in a file.

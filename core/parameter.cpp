@@ -8,7 +8,8 @@
 
 namespace kova {
 
-Call::Call(int32_t operation, va_list arguments, Origin origin) : operation_(operation), origin_(origin) {
+Call::Call(int32_t operation, va_list arguments, Origin origin)
+    : operation_(operation), origin_(origin), getting_(operation == 0), effect_(operation != 0) {
   va_copy(arguments_, arguments);
   va_list list;
   va_copy(list, arguments);
@@ -16,6 +17,8 @@ Call::Call(int32_t operation, va_list arguments, Origin origin) : operation_(ope
   text_ = va_arg(list, char*);
   va_end(list);
 }
+
+Call::~Call() { va_end(arguments_); }
 
 void* Call::third_argument() {
   va_list list;

@@ -21,6 +21,7 @@
 #include <type_traits>
 
 #include "log.hpp"
+#include "look.hpp"
 #include "store.hpp"
 #include "verify.hpp"
 
@@ -31,7 +32,7 @@ class Call {
  public:
   // `arguments` is copied, never shared. `origin` is the parameter's line, under which its words log.
   Call(int32_t operation, va_list arguments, Origin origin);
-  ~Call() { va_end(arguments_); }
+  ~Call();
   Call(const Call&) = delete;
   Call& operator=(const Call&) = delete;
 
@@ -73,6 +74,8 @@ class Call {
   Origin origin_;
   int32_t* instances_;
   char* text_;
+  Getting getting_;
+  Effect effect_;  // of a set
 };
 
 // The body of every handler: has `get` or `set` do the call. Returns 0 when it succeeded, else -1.

@@ -6,7 +6,8 @@
  * set tells the agent what to apply, the record of the agent's that some getters read, and the helpers that the
  * library offers beside its handlers. The handlers themselves are declared in the family headers (pkg-mgmt.h, ...).
  *
- * The library keeps nothing between calls and takes no locks: calls must not overlap.
+ * The library keeps nothing between calls, but within one look (kova_look_begin), and takes no locks: calls must not
+ * overlap.
  */
 #ifndef KOVA_PKG_TOOL_H
 #define KOVA_PKG_TOOL_H
@@ -93,6 +94,21 @@ struct agent_state {
  */
 #define KOVA_PARAMETER(handler, access, type, ...) KOVA_API int32_t handler(int32_t operation, va_list arguments);
 #define KOVA_BOTH_TREES(path) "InternetGatewayDevice." path, "Device." path
+
+/* ---- One look ----
+ *
+ * What a request gets may come from one look at the router: between the begin and the end a command line that is read
+ * is run once, to its end, a package of the configuration and a text file are read once, and the bus is asked once for
+ * each object, method and message; a script that gets run for the files it leaves is run once. Results are those without
+ * a look. A set and whatever else is run or written for its effect is safe in between: the next get looks anew. So it
+ * does after 60 seconds, and at sources that are too large to keep: all of them take at most 1 MiB.
+ */
+
+/* From now on gets share what they see, until the end. A second begin looks anew. */
+KOVA_API void kova_look_begin(void);
+
+/* Keeps nothing any more. Does nothing without a begin; unloading the library does it, too. */
+KOVA_API void kova_look_end(void);
 
 /* ---- Log ---- */
 

@@ -15,15 +15,44 @@ const char* string_value(const uci_option* option) {
 
 }  // namespace
 
-ConfigContext::ConfigContext(const char* directory) : context_(uci_alloc_context()) {
+ConfigContext::ConfigContext(const char* directory) : directory_(directory), context_(uci_alloc_context()) {
   if (context_ == nullptr || directory == nullptr || uci_set_confdir(context_, directory) == UCI_OK) return;
   uci_free_context(context_);
   context_ = nullptr;
 }
 
-uci_package* ConfigContext::load(const char* package) const {
+ConfigContext::~ConfigContext() {
+  if (context_ != nullptr && !is_kept_) uci_free_context(context_);
+}
+
+uci_package* ConfigContext::load(const char* package) {
   uci_package* loaded = nullptr;
+  if (is_looking()) return look_at(package);
   return uci_load(context_, package, &loaded) == UCI_OK ? loaded : nullptr;
+}
+
+uci_package* ConfigContext::look_at(const char* package) {
+  source_.emplace(SourceName{SourceName::PACKAGE,
+                             {directory_ != nullptr ? directory_ : kMainDirectory, package != nullptr ? package : ""}});
+  if (const Finding* kept = source_->kept()) return use(*kept);
+  Finding found;
+  const int error = uci_load(context_, package, &found.package);
+  if (error == UCI_OK) {
+    found.context = context_;
+    is_kept_ = source_->keep(found);
+    return found.package;
+  }
+  found.package = nullptr;
+  if (error == UCI_ERR_NOTFOUND || error == UCI_ERR_PARSE) source_->keep(found);
+  return nullptr;
+}
+
+uci_package* ConfigContext::use(const Finding& kept) {
+  if (kept.package == nullptr) return nullptr;
+  uci_free_context(context_);
+  context_ = kept.context;
+  is_kept_ = true;
+  return kept.package;
 }
 
 WalkedPackage::WalkedPackage(const char* name, Origin origin, LogMessage load_failure) {
@@ -98,7 +127,7 @@ int32_t uciGetProfileValue(const char* type, const char* option, char* output, i
     LOG("Invalid input arg.\n\n");
     return -1;
   }
-  const ConfigContext context("/etc/profile.d");
+  ConfigContext context("/etc/profile.d");
   if (!context) {
     LOG("uci alloc cxt error.\n\n");
     return -1;

@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 #include "descriptors.hpp"
 #include "log.hpp"
+#include "look.hpp"
 #include "text.hpp"
 
 namespace kova {
@@ -27,21 +29,25 @@ class ConfigContext {
  public:
   // On the packages of a directory, or of /etc/config.
   explicit ConfigContext(const char* directory = nullptr);
-  ~ConfigContext() {
-    if (context_ != nullptr) uci_free_context(context_);
-  }
+  ~ConfigContext();
   ConfigContext(const ConfigContext&) = delete;
   ConfigContext& operator=(const ConfigContext&) = delete;
 
   explicit operator bool() const { return context_ != nullptr; }
   uci_context* get() const { return context_; }
 
-  // Loads a package; nullptr when that fails.
-  uci_package* load(const char* package) const;
+  // Loads a package, the only one of this context; nullptr when that fails. What comes from the look is only read.
+  uci_package* load(const char* package);
 
  private:
+  uci_package* look_at(const char* package);
+  uci_package* use(const Finding& kept);
+
   StandardDescriptors standard_;
+  const char* directory_;
   uci_context* context_;
+  std::optional<Source> source_;  // of the package
+  bool is_kept_ = false;          // by the look
 };
 
 // A text of the store, whole, where the library has it; what holds it there goes with the scope.

@@ -24,6 +24,7 @@ int32_t report(const char* command, Left result) {
 }  // namespace
 
 int32_t record_task_cmd(const char* command) {
+  const Effect effect;
   if (command == nullptr) {
     LOG("Invalid input arg\n");
     return -1;
@@ -32,6 +33,7 @@ int32_t record_task_cmd(const char* command) {
 }
 
 int32_t record_task_cmd_once(const char* command) {
+  const Effect effect;
   if (command == nullptr) {
     LOG("NP\n");
     return -1;

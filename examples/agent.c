@@ -2,6 +2,7 @@
  * The smallest management agent: loads the plug-in, gets a parameter or sets it, and does what the set asks for.
  *
  *   agent PLUGIN HANDLER [INSTANCE...]             prints the value
+ *   agent PLUGIN HANDLER,HANDLER... [INSTANCE...]  prints the values, of one look
  *   agent PLUGIN HANDLER=VALUE [INSTANCE...]       sets it, and tells the raised bits
  *
  * Exit status 0; 1 for a fault; 2 when misused or not started.
@@ -37,18 +38,37 @@ static char* make_output(void) {
   return mprotect(output + size, page, PROT_NONE) == 0 ? output : NULL;
 }
 
-static int get(parameter_handler handler, int32_t* instances) {
+/* Prints a value. The handler may change the numbers. */
+static int get(parameter_handler handler, const int32_t* numbers, char* output) {
   struct agent_state agent = {
       .connection_request_port = 7547,
       .connection_request_path = "/",
       .connection_request_host = "",
       .wan_interface = "eth0",
   };
-  char* const output = make_output();
-  if (output == NULL) return perror("agent"), 2;
-  if (call(handler, 0, instances, output, &agent) != 0) return fputs("agent: no such row\n", stderr), 1;
+  int32_t instances[MOST_INSTANCES + 1];
+  memcpy(instances, numbers, sizeof instances);
+  *output = '\0';
+  if (handler == NULL || call(handler, 0, instances, output, &agent) != 0)
+    return fputs("agent: no such row\n", stderr), 1;
   puts(output);
   return 0;
+}
+
+/* A request of the server's for several values: each command is run once, each package loaded once. */
+static int get_all(void* plugin, char* handlers, const int32_t* instances) {
+  void (*const begin)(void) = (void (*)(void))dlsym(plugin, "kova_look_begin");
+  void (*const end)(void) = (void (*)(void))dlsym(plugin, "kova_look_end");
+  char* const output = make_output();
+  int status = 0;
+  if (begin == NULL || end == NULL) return fputs("agent: the plug-in cannot take one look\n", stderr), 2;
+  if (output == NULL) return perror("agent"), 2;
+  begin();
+  for (char* name = strtok(handlers, ","); name != NULL; name = strtok(NULL, ",")) {
+    if (get((parameter_handler)dlsym(plugin, name), instances, output) != 0) status = 1;
+  }
+  end();
+  return status;
 }
 
 /* Runs a command line to the end of what it puts into the background. */
@@ -88,16 +108,17 @@ static int set(parameter_handler handler, int32_t* instances, const char* value)
 
 int main(int argc, char** argv) {
   if (argc < 3 || argc > 3 + MOST_INSTANCES)
-    return fputs("usage: agent PLUGIN HANDLER[=VALUE] [INSTANCE...]\n", stderr), 2;
+    return fputs("usage: agent PLUGIN HANDLER[,HANDLER...|=VALUE] [INSTANCE...]\n", stderr), 2;
   void* const plugin = dlopen(argv[1], RTLD_NOW);
   if (plugin == NULL) return fprintf(stderr, "agent: %s\n", dlerror()), 2;
 
   char* const value = strchr(argv[2], '=');
   if (value != NULL) *value = '\0';
-  const parameter_handler handler = (parameter_handler)dlsym(plugin, argv[2]);
-  if (handler == NULL) return fprintf(stderr, "agent: no handler %s\n", argv[2]), 1;
-
   int32_t instances[MOST_INSTANCES + 1] = {0};
   for (int i = 3; i < argc; ++i) instances[i - 3] = atoi(argv[i]);
-  return value != NULL ? set(handler, instances, value + 1) : get(handler, instances);
+  if (value == NULL) return get_all(plugin, argv[2], instances);
+
+  const parameter_handler handler = (parameter_handler)dlsym(plugin, argv[2]);
+  if (handler == NULL) return fprintf(stderr, "agent: no handler %s\n", argv[2]), 1;
+  return set(handler, instances, value + 1);
 }

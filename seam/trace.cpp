@@ -51,6 +51,7 @@ class Observer final : public Platform {
 
   FILE* popen(const char* command, const char* mode) override {
     trace_.commands.emplace_back(command);
+    ++trace_.asked[command];
     return Platform::popen(command, mode);
   }
   int system(const char* command) override {
@@ -85,6 +86,7 @@ class Observer final : public Platform {
       trace_.look_ups.push_back({name, std::nullopt, result == UCI_ERR_PARSE});
     } else {
       packages_[*package] = {context, package_name(**package)};
+      ++trace_.asked[package_name(**package)];
     }
     return result;
   }
@@ -114,7 +116,9 @@ class Observer final : public Platform {
   int ubus_invoke_fd(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
                      ubus_data_handler_t handler, void* context, int timeout, int file) override {
     const int status = Platform::ubus_invoke_fd(bus, id, method, message, handler, context, timeout, file);
-    trace_.bus_calls.push_back(bus_objects_[id] + " " + method + message_text(message) + status_text(status));
+    const std::string question = bus_objects_[id] + " " + method + message_text(message);
+    trace_.bus_calls.push_back(question + status_text(status));
+    ++trace_.asked[question];
     return status;
   }
 

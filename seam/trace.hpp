@@ -7,6 +7,7 @@ extern "C" {
 }
 #include <cstdarg>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,6 +33,7 @@ struct Trace {
   std::vector<std::string> started;    // those of the commands whose output is not read
   std::vector<FileUse> files;          // opened or tested
   std::vector<std::string> bus_calls;  // object, method, message
+  std::map<std::string, int> asked;    // packages, commands read and bus calls, and how often
   std::vector<std::string> log;        // messages with module and line
   std::string printed;                 // by the commands, beside what the handler read
 };

@@ -60,6 +60,8 @@ void try_handler(const Row& row) {
 
 void* try_all(void* /*unused*/) {
   for (const Row& row : kCatalogue) try_handler(row);
+  kova_look_begin();
+  for (const Row& row : kCatalogue) try_handler(row);
   return nullptr;
 }
 

@@ -217,6 +217,20 @@ TEST_F(FaultSweep, EveryHandlerGets) {
   for (const Row& row : kCatalogue) EXPECT_EQ(sweep([&] { return get_once(row.handler); }), Findings{}) << row.name;
 }
 
+TEST_F(FaultSweep, EveryHandlerGetsInOneLook) {
+  for (const Row& row : kCatalogue) {
+    EXPECT_EQ(sweep([&] {
+                kova_look_begin();
+                get_once(row.handler);
+                const Result again = get_once(row.handler);
+                kova_look_end();
+                return again;
+              }),
+              Findings{})
+        << row.name;
+  }
+}
+
 TEST_F(FaultSweep, EveryHandlerSets) {
   for (const Row& row : kCatalogue) {
     if (row.access == Access::READ_ONLY) continue;
@@ -228,6 +242,15 @@ TEST_F(FaultSweep, EveryHandlerSets) {
     });
     ASSERT_NE(accepted, std::end(kCommonValues)) << row.name;
     EXPECT_EQ(sweep([&] { return set_once(row.handler, *accepted); }), Findings{}) << row.name;
+    EXPECT_EQ(sweep([&] {
+                kova_look_begin();
+                get_once(row.handler);
+                const Result result = set_once(row.handler, *accepted);
+                kova_look_end();
+                return result;
+              }),
+              Findings{})
+        << row.name;
   }
 }
 

@@ -56,12 +56,12 @@ class Library {
 // Nothing of the world changes or is asked by these: texts, numbers, memory, this process itself, what the seam has
 // opened, children that it has started.
 const Names kHarmless = {
-    "__ctype_b_loc", "__errno_location", "__isoc99_sscanf", "__stack_chk_fail", "clearerr", "close", "fcntl", "ferror",
-    "fileno", "getc", "getrlimit", "geteuid", "htonl", "inet_aton", "inet_ntop", "isxdigit", "memchr", "memcmp",
-    "memcpy", "memmove", "memset", "ntohl", "regexec", "regfree", "setvbuf", "signal", "snprintf", "sprintf", "stderr",
-    "stpcpy", "strcasecmp", "strcat", "strchr", "strchrnul", "strcmp", "strcpy", "strcspn", "strerror", "strlen",
-    "strncmp", "strncpy", "strnlen", "strspn", "strstr", "strtok_r", "strtol", "strtoll", "strtoul", "vsnprintf",
-    "waitpid",
+    "__ctype_b_loc", "__errno_location", "__isoc99_sscanf", "__stack_chk_fail", "clearerr", "clock_gettime", "close",
+    "fcntl", "ferror", "fileno", "fread", "free", "getc", "getrlimit", "geteuid", "htonl", "inet_aton", "inet_ntop",
+    "isxdigit", "malloc", "memchr", "memcmp", "memcpy", "memmove", "memset", "ntohl", "poll", "realloc", "regexec",
+    "regfree", "setvbuf", "signal", "snprintf", "sprintf", "stderr", "stpcpy", "strcasecmp", "strcat", "strchr",
+    "strchrnul", "strcmp", "strcpy", "strcspn", "strerror", "strlen", "strncmp", "strncpy", "strnlen", "strspn",
+    "strstr", "strtok_r", "strtol", "strtoll", "strtoul", "vsnprintf", "waitpid",
     // messages of the bus that were received
     "blob_buf_free", "blob_data", "blob_len", "blob_next", "blob_pad_len", "blobmsg_check_attr", "blobmsg_data",
     "blobmsg_data_len", "blobmsg_get_bool", "blobmsg_get_string", "blobmsg_get_u32", "blobmsg_get_u64", "blobmsg_type"};

@@ -13,6 +13,7 @@ namespace {
 void define_options(CLI::App& app, CommonOptions& options) {
   app.add_flag("--json", options.json, "Write one JSON document, faults included");
   app.add_flag("--debug", options.debug, "Switch the plug-in's log on for this run; it goes to standard error");
+  app.add_flag("--no-look", options.no_look, "Have each get look at the router itself, as if it were the only one");
   app.add_option("--plugin", options.plugin, "Plug-in to load instead of the installed libkova-datamodel.so")
       ->option_text("FILE");
   app.add_option("--agent-state", options.agent_state, "JSON file with fields of the agent's record")

@@ -24,7 +24,7 @@ Agent& Context::agent() {
   const bool as_recorded = replays() && options_.agent_state.empty();
   agent_.emplace(options_.plugin,
                  as_recorded ? nlohmann::json(recording_->agent) : read_agent_fields(options_.agent_state),
-                 output_.to_warn());
+                 output_.to_warn(), !replays() && !options_.no_look);
   if (replays()) {
     platform_.emplace(*recording_, RecordedPlatform::Source::RECORDING,
                       [this](const std::string& what) { output_.not_recorded(what); });

@@ -16,6 +16,7 @@ namespace kovadm {
 struct CommonOptions {
   bool json = false;
   bool debug = false;
+  bool no_look = false;
   bool show_secrets = false;
   std::string plugin;
   std::string agent_state;

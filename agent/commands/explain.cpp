@@ -90,6 +90,16 @@ void tell_trace(const seam::Trace& trace, Output& output) {
   output.document()["printed"] = trace.printed;
 }
 
+// What is asked for once, and then taken from there, when the get is one of a look.
+void tell_look(const seam::Trace& trace, Output& output) {
+  std::vector<std::string> taken;
+  for (const auto& [source, times] : trace.asked) {
+    if (times > 1) taken.push_back(source + " (asked " + std::to_string(times) + " times, in a look once)");
+  }
+  tell("look", taken, output);
+  output.document()["look"] = taken;
+}
+
 // The commands of a set, which have not all been run.
 void mark_not_run(seam::Trace& trace) {
   for (std::string& command : trace.commands) {
@@ -124,6 +134,7 @@ int explain(Agent& agent, const std::string& path, Output& output) {
   const auto* value = std::get_if<std::string>(&answer);
   if (value != nullptr && is_secret(*parameter->row)) output.redaction().note_word(*value);
   tell_trace(seen, output);
+  tell_look(seen, output);
   if (value != nullptr) {
     tell("value", {*value}, output);
     output.document()["value"] = *value;

@@ -64,6 +64,7 @@ Answers ask(Agent& agent, const std::vector<Profile>& chosen, std::vector<Value>
     }
   }
   Progress progress;
+  const Look look(agent);
   for (const std::string& object : objects) {
     walk(agent, object, [&](const Parameter& parameter) {
       const auto answer = answers.find(catalogue_path(parameter.path));

@@ -6,7 +6,7 @@
 
 namespace kovadm {
 
-Reader::Reader(Agent& agent, Output& output, Tell tell) : agent_(agent), output_(output), tell_(tell) {
+Reader::Reader(Agent& agent, Output& output, Tell tell) : agent_(agent), look_(agent), output_(output), tell_(tell) {
   output.document()[tell == Tell::ALL ? "values" : "invalid"] = Json::array();
 }
 

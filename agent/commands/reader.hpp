@@ -12,6 +12,7 @@ namespace kovadm {
 // Which values are told.
 enum class Tell { ALL, INVALID };
 
+// All in one look.
 class Reader {
  public:
   Reader(Agent& agent, Output& output, Tell tell = Tell::ALL);
@@ -30,6 +31,7 @@ class Reader {
   void tell(const Parameter& parameter, const std::string& value);
 
   Agent& agent_;
+  Look look_;
   Output& output_;
   Tell tell_;
   Progress progress_;

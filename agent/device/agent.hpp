@@ -22,14 +22,22 @@ using Warn = std::function<void(const std::string&)>;
 
 class Agent {
  public:
-  // `fields` are of the agent's record.
-  Agent(const std::string& plugin_file, const nlohmann::json& fields, Warn warn = {})
-      : plugin_(plugin_file), fields_(fields), record_(fields), warn_(std::move(warn)) {}
+  // `fields` are of the agent's record. What many gets see may come from one look, if it `looks`.
+  Agent(const std::string& plugin_file, const nlohmann::json& fields, Warn warn = {}, bool looks = false)
+      : plugin_(plugin_file), fields_(fields), record_(fields), warn_(std::move(warn)), looks_(looks) {}
 
   const Plugin& plugin() const { return plugin_; }
   const nlohmann::json& fields() const { return fields_; }
   void warn(const std::string& text) const {
     if (warn_) warn_(text);
+  }
+
+  // What gets see until the end comes from one look, which begins now, if the agent looks.
+  void begin_look() const {
+    if (looks_) plugin_.begin_look();
+  }
+  void end_look() const {
+    if (looks_) plugin_.end_look();
   }
 
   // Where it takes connection requests from now on.
@@ -48,6 +56,19 @@ class Agent {
   nlohmann::json fields_;
   AgentRecord record_;
   Warn warn_;
+  bool looks_;
+};
+
+// One look for its lifetime.
+class Look {
+ public:
+  explicit Look(const Agent& agent) : agent_(agent) { agent_.begin_look(); }
+  ~Look() { agent_.end_look(); }
+  Look(const Look&) = delete;
+  Look& operator=(const Look&) = delete;
+
+ private:
+  const Agent& agent_;
 };
 
 }  // namespace kovadm

@@ -40,6 +40,13 @@ Plugin::Plugin(const std::string& file)
   if (dlinfo(library_.get(), RTLD_DI_LINKMAP, &map) == 0) seam::name_plugin(map->l_ld);
 }
 
+void Plugin::begin_look() const { call("kova_look_begin"); }
+void Plugin::end_look() const { call("kova_look_end"); }
+
+void Plugin::call(const char* function) const {
+  if (void* const symbol = dlsym(library_.get(), function)) reinterpret_cast<void (*)()>(symbol)();
+}
+
 parameter_handler Plugin::handler(const std::string& name) const {
   return reinterpret_cast<parameter_handler>(dlsym(library_.get(), name.c_str()));
 }

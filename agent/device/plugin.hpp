@@ -24,10 +24,16 @@ class Plugin {
   // The exported handler; nullptr when the plug-in has none of that name.
   parameter_handler handler(const std::string& name) const;
 
+  // Begins and ends one look; where an older plug-in has none, nothing happens.
+  void begin_look() const;
+  void end_look() const;
+
   // Writes an option of the router's store as handlers do. Whether it could.
   bool store(const char* package, const char* section, const char* option, const std::string& value) const;
 
  private:
+  void call(const char* function) const;
+
   struct Closer {
     void operator()(void* library) const;
   };

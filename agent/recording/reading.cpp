@@ -14,6 +14,7 @@ std::optional<std::string> read(Agent& agent, const Parameter& parameter) {
 
 std::optional<std::string> read_secret(Agent& agent, const Parameter& parameter, Secrets& secrets) {
   std::optional<std::string> value;
+  agent.begin_look();  // anew: what it reads has to be seen
   const seam::Trace observed = seam::trace([&] { value = read(agent, parameter); });
   secrets.note(observed, value.value_or(""));
   return value;
@@ -24,6 +25,7 @@ std::optional<std::string> read_secret(Agent& agent, const Parameter& parameter,
 std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output,
                               Secrets* secrets) {
   Progress progress;
+  const Look look(agent);
   std::vector<Reading> readings;
   const auto visit = [&](const Parameter& parameter) {
     progress.show(std::to_string(readings.size() + 1) + " " + parameter.path);

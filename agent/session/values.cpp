@@ -70,6 +70,7 @@ std::optional<Fault> wrong_type(const pugi::xml_node& value, const Parameter& pa
 }  // namespace
 
 std::string Methods::get_values(const pugi::xml_node& request, pugi::xml_node response) {
+  const Look look(agent_);
   Reading reading(agent_, output_);
   const auto names = elements_of(request, "ParameterNames");
   for (const pugi::xml_node& name : names) {
