@@ -251,7 +251,7 @@ LookedStream::LookedStream(SourceName::Kind kind, const char* name, const char* 
   }
   stream_ = open(name, mode);
   opened_ = stream_ != nullptr;
-  if (!source_.is_wanted() || mode[0] != 'r') return;
+  if (!source_.is_wanted()) return;
   found_.failed = !opened_;
   const bool is_whole = !opened_ || read_ahead();
   ahead_ = found_.bytes.get();  // which is there as long, whoever has it

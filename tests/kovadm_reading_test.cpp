@@ -51,6 +51,18 @@ Device.Users.User.2.Password =
   EXPECT_EQ(both.error, "");
 }
 
+TEST_F(Kovadm, LooksOnceUnlessToldNot) {
+  script_is("/usr/bin/tr069/cwmp-ntp", "echo run >>/root/runs; echo GMT0 >/tmp/tr069/curtimezone");
+  for (const char* command : {"get " ZONE " " ZONE, "walk " ZONE " " ZONE, "profiles --live Time"}) {
+    SCOPED_TRACE(command);
+    for (const auto& [option, runs] : {std::pair{"", "run\n"}, {"--no-look ", "run\nrun\n"}}) {
+      write_file("/root/runs", "");
+      EXPECT_EQ(kovadm(std::string(option) + command).status, 0);
+      EXPECT_EQ(contents("/root/runs"), runs);
+    }
+  }
+}
+
 TEST_F(Kovadm, ValuesTakeOneLineAndAnyBytes) {
   configure("cwmp.info.username", "two\nlines\t\x1b \\n \xff");
   EXPECT_EQ(kovadm("get " SERVER "Username").out, SERVER "Username = two\\nlines\\t\\x1b \\\\n \xff\n");
