@@ -1,15 +1,8 @@
 // In the place of sessions, where kovadm was built without the libraries that they take.
-#include "commands/command.hpp"
+#include "session/session.hpp"
 
-namespace kovadm {
-namespace {
+namespace kovadm::session {
 
-Run define(CLI::App&) {
-  return [](Context&) -> int { throw SetupError("this kovadm was built without sessions: " KOVADM_LACKS); };
-}
+int run_session(Context&, Options&) { throw SetupError("this kovadm was built without sessions: " KOVADM_LACKS); }
 
-}  // namespace
-
-const Command kSession = {"session", "Not in this kovadm", false, define};
-
-}  // namespace kovadm
+}  // namespace kovadm::session

@@ -79,7 +79,7 @@ bool Conversation::hold(const ServerOptions& server, const std::set<std::string>
 }
 
 Conversation::Exchange Conversation::exchange(Transport& transport, const std::string& message) {
-  if (interrupted()) throw Broken("interrupted");
+  if (interrupted() != 0) throw Broken("interrupted");
   Progress progress;
   progress.show("waiting for " + transport.url());
   transcript_.sent(transport.url(), message);
@@ -97,7 +97,11 @@ void Conversation::open(Transport& transport, const std::set<std::string>& event
     if (!message.version.empty()) version_ = message.version;
     const std::string told = message.method() == "InformResponse" ? "accepted" : fault_of(message);
     tell("Inform", {"", list_of(events) + ": " + told, {}}, seconds);
-    if (message.method() == "InformResponse") return;
+    if (message.method() == "InformResponse") {
+      if (message.id != kInformId)
+        output_.warning("the InformResponse has the ID \"" + message.id + "\", not \"" + kInformId + '"');
+      return;
+    }
     if (!is_fault(message)) throw Broken("an Inform is answered with " + std::string(message.method()));
     if (!told.starts_with(kRetryRequest) || sent == kMostInforms)
       throw Broken("the server refuses the Inform: " + told);
@@ -126,7 +130,7 @@ Answer Conversation::answer(const std::string& text, std::string& method) {
     method = "(unreadable)";
     return Methods::refusal({FaultCode::INVALID_ARGUMENTS, "", *why, ""}, version_);
   }
-  const Message& message = std::get<Message>(read);
+  const auto& message = std::get<Message>(read);
   if (is_fault(message)) throw Broken("the server reports " + fault_of(message));
   method = message.method();
   return methods_.answer(message, message.version.empty() ? version_ : message.version);
@@ -134,10 +138,10 @@ Answer Conversation::answer(const std::string& text, std::string& method) {
 
 void Conversation::tell(const std::string& method, const Answer& answer, double seconds) {
   Json told = {{"method", method}, {"told", answer.told}, {"seconds", seconds}};
-  output_.line(method + (answer.told.empty() ? "" : " " + answer.told) + (answer.faults.empty() ? "" : ": fault") +
-               ", " + milliseconds(seconds));
+  output_.line(one_line(method + (answer.told.empty() ? "" : " " + answer.told) +
+                        (answer.faults.empty() ? "" : ": fault") + ", " + milliseconds(seconds)));
   for (const Fault& fault : answer.faults) {
-    output_.line("     " + fault_line(fault));
+    output_.line("     " + one_line(fault_line(fault)));
     told["faults"].push_back({{"code", fault.code}, {"path", fault.path}, {"detail", fault.detail}});
   }
   output_.document()["sessions"].back()["exchanges"].push_back(told);

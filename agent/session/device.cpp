@@ -28,7 +28,7 @@ Device::Device(Context& context, const Options& options)
   if (!server.user.empty()) return;
   server.user = tree_.value("ManagementServer.Username");
   server.password = tree_.value("ManagementServer.Password");
-  context.output().redaction().note_word(server.password);
+  context.output().redaction().secret(server.password);
 }
 
 std::unique_ptr<DeviceLock> Device::alone() const {

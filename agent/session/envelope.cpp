@@ -96,9 +96,7 @@ std::variant<Message, std::string> read_message(const std::string& text) {
   if (!inspection.fault().empty()) return inspection.fault();
   message.version = inspection.version();
   const pugi::xml_node envelope = child(message.document, "Envelope");
-  const pugi::xml_node header = child(envelope, "Header");
-  message.id = child_text(header, "ID");
-  message.hold_requests = is_true(child_text(header, "HoldRequests"));
+  message.id = child_text(child(envelope, "Header"), "ID");
   message.content = first_element(child(envelope, "Body"));
   if (!message.content) return "its body is empty";
   return message;

@@ -28,8 +28,7 @@ bool is_true(std::string_view text);
 // A message that came.
 struct Message {
   pugi::xml_document document;
-  std::string id;  // of the header; empty: none
-  bool hold_requests = false;
+  std::string id;          // of the header; empty: none
   std::string version;     // "urn:dslforum-org:cwmp-1-0"; empty: none of those that are known
   pugi::xml_node content;  // the body's element
 

@@ -18,6 +18,9 @@ inline constexpr char kValueChange[] = "4 VALUE CHANGE";
 inline constexpr char kConnectionRequest[] = "6 CONNECTION REQUEST";
 inline constexpr char kDiagnosticsComplete[] = "8 DIAGNOSTICS COMPLETE";
 
+// The ID of the message.
+inline constexpr char kInformId[] = "1";
+
 // The parameter that has the address by which the internet knows the device, and what it says; nothing where none has.
 struct WanAddress {
   std::string path;

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <system_error>
 
 namespace kovadm::session {
@@ -14,8 +13,8 @@ namespace {
 volatile std::sig_atomic_t signalled = 0;
 int ends[2] = {-1, -1};  // of a pipe that a wait reads from
 
-void note(int) {
-  signalled = 1;
+void note(int signal) {
+  signalled = signal;
   Interrupt::wake();
 }
 
@@ -48,6 +47,15 @@ void Interrupt::wake() {
   errno = error;
 }
 
-bool interrupted() { return signalled != 0; }
+int interrupted() { return signalled; }
+
+Uninterrupted::Uninterrupted() {
+  sigset_t waiting = {};
+  sigemptyset(&waiting);
+  for (const int signal : {SIGINT, SIGTERM}) sigaddset(&waiting, signal);
+  sigprocmask(SIG_BLOCK, &waiting, &before_);
+}
+
+Uninterrupted::~Uninterrupted() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
 
 }  // namespace kovadm::session

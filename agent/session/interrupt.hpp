@@ -1,6 +1,8 @@
 // Ctrl-C and SIGTERM end a session where it stands between two messages.
 #pragma once
 
+#include <csignal>
+
 namespace kovadm::session {
 
 // From its making on these signals are only noted.
@@ -17,7 +19,19 @@ class Interrupt {
   static void wake();
 };
 
-// Whether one of the signals has come.
-bool interrupted();
+// The signal that has come; 0: none.
+int interrupted();
+
+// For its lifetime they wait, also for the commands that are run: what is half done would stay so.
+class Uninterrupted {
+ public:
+  Uninterrupted();
+  ~Uninterrupted();
+  Uninterrupted(const Uninterrupted&) = delete;
+  Uninterrupted& operator=(const Uninterrupted&) = delete;
+
+ private:
+  sigset_t before_ = {};
+};
 
 }  // namespace kovadm::session

@@ -68,18 +68,18 @@ class NoSignals {
 
 }  // namespace
 
-Listener::Listener(const std::string& text, std::function<void()> wake)
+Listener::Listener(const std::string& address, std::function<void()> wake)
     : wake_(std::move(wake)), seed_(random_bytes()) {
-  sockaddr_in address = address_of(text);
-  host_ = text.substr(0, text.rfind(':'));
+  sockaddr_in place = address_of(address);
+  host_ = address.substr(0, address.rfind(':'));
   const NoSignals here;
   daemon_ = MHD_start_daemon(MHD_USE_INTERNAL_POLLING_THREAD, 0, nullptr, nullptr, &handle, this,  //
-                             MHD_OPTION_SOCK_ADDR, reinterpret_cast<sockaddr*>(&address),          //
+                             MHD_OPTION_SOCK_ADDR, reinterpret_cast<sockaddr*>(&place),            //
                              MHD_OPTION_DIGEST_AUTH_RANDOM, seed_.size(), seed_.data(),            //
                              MHD_OPTION_NONCE_NC_SIZE, 64U,                                        //
                              MHD_OPTION_CONNECTION_LIMIT, kMostConnections,                        //
                              MHD_OPTION_CONNECTION_TIMEOUT, kIdleSeconds, MHD_OPTION_END);
-  if (daemon_ == nullptr) throw SetupError("cannot listen at " + text);
+  if (daemon_ == nullptr) throw SetupError("cannot listen at " + address);
   port_ = MHD_get_daemon_info(daemon_, MHD_DAEMON_INFO_BIND_PORT)->port;
 }
 

@@ -48,7 +48,7 @@ std::string fault_line(const Fault& fault) {
 
 struct Methods::Method {
   const char* name;
-  std::string (Methods::*answer)(const pugi::xml_node& request, pugi::xml_node response);
+  std::function<std::string(Methods&, const pugi::xml_node& request, pugi::xml_node response)> answer;
 };
 
 const std::vector<Methods::Method>& Methods::table() {
@@ -73,7 +73,7 @@ Answer Methods::answer(const Message& request, const std::string& version) {
         std::find_if(table().begin(), table().end(), [&](const Method& each) { return each.name == name; });
     if (method == table().end()) throw Refused{{{FaultCode::METHOD_NOT_SUPPORTED, name, "", ""}}};
     Envelope envelope(version, request.id);
-    const std::string told = (this->*method->answer)(request.content, envelope.add((name + "Response").c_str()));
+    const std::string told = method->answer(*this, request.content, envelope.add((name + "Response").c_str()));
     std::string text = envelope.text();
     if (text.size() > kLargestMessage) refuse(FaultCode::RESOURCES_EXCEEDED, "the answer is too large");
     return {std::move(text), told, {}};
@@ -111,7 +111,7 @@ bool required_boolean(const pugi::xml_node& node, const char* name) {
   return is_true(text);
 }
 
-std::string Methods::get_rpc_methods(const pugi::xml_node&, pugi::xml_node response) {
+std::string Methods::get_rpc_methods(Methods&, const pugi::xml_node&, pugi::xml_node response) {
   pugi::xml_node list = add_array(response, "MethodList", "xsd:string", table().size());
   for (const Method& method : table()) add_text(list, "string", method.name);
   return counted(table().size(), "method");
@@ -144,6 +144,6 @@ std::string Methods::delete_object(const pugi::xml_node& request, pugi::xml_node
   throw Refused{{{FaultCode::INVALID_PARAMETER_NAME, path, "no table gives up rows", ""}}};
 }
 
-std::string Methods::leave_undone(const pugi::xml_node&, pugi::xml_node) { return "said, not done"; }
+std::string Methods::leave_undone(Methods&, const pugi::xml_node&, pugi::xml_node) { return "said, not done"; }
 
 }  // namespace kovadm::session

@@ -42,7 +42,7 @@ class Methods {
 
  private:
   // Each takes the request's element, fills the response's, and tells what it did. Throws Refused.
-  std::string get_rpc_methods(const pugi::xml_node& request, pugi::xml_node response);
+  static std::string get_rpc_methods(Methods&, const pugi::xml_node& request, pugi::xml_node response);
   std::string get_names(const pugi::xml_node& request, pugi::xml_node response);
   std::string get_values(const pugi::xml_node& request, pugi::xml_node response);
   std::string set_values(const pugi::xml_node& request, pugi::xml_node response);
@@ -50,8 +50,9 @@ class Methods {
   std::string set_attributes(const pugi::xml_node& request, pugi::xml_node response);
   std::string add_object(const pugi::xml_node& request, pugi::xml_node response);
   std::string delete_object(const pugi::xml_node& request, pugi::xml_node response);
-  std::string leave_undone(const pugi::xml_node& request, pugi::xml_node response);
+  static std::string leave_undone(Methods&, const pugi::xml_node& request, pugi::xml_node response);
 
+  void note_refused(const std::optional<Parameter>& parameter, const std::string& value);
   // All or nothing. Whether something waits to be applied.
   bool make_calls(const std::vector<Call>& calls, const std::string& key);
 

@@ -1,12 +1,21 @@
-// What a session is asked to be.
+// The command, apart from whether this kovadm can do it.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "session/transport.hpp"
+#include "commands/context.hpp"
 
 namespace kovadm::session {
+
+struct ServerOptions {
+  std::string url;
+  std::string user;
+  std::string password;
+  std::string cacert;  // a file; empty: the system's
+  bool insecure = false;
+  long timeout = 60;  // seconds for an exchange
+};
 
 struct Options {
   ServerOptions server;
@@ -17,5 +26,8 @@ struct Options {
   bool stay = false;
   std::string listen;
 };
+
+// Returns the exit status. Throws SetupError where it cannot be done.
+int run_session(Context& context, Options& options);
 
 }  // namespace kovadm::session

@@ -43,16 +43,24 @@ class Stay {
   }
 
   void run() {
-    while (!interrupted()) {
-      note_events();
-      if (!events_.empty() && now() >= not_before_) call();
+    while (interrupted() == 0) {
+      try {
+        take_turn();
+      } catch (const SetupError& error) {  // another one has the device for long
+        context_.output().line(error.what());
+      }
       Interrupt::wait(until_next());
-      look();
     }
     context_.output().line("ended");
   }
 
  private:
+  void take_turn() {
+    look();
+    note_events();
+    if (!events_.empty() && now() >= not_before_) call();
+  }
+
   // What the data model says now.
   void look() {
     const auto alone = device_.alone();

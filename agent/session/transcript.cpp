@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <fstream>
+#include <sstream>
 #include <system_error>
 
 #include "model/data_model.hpp"
@@ -11,50 +12,53 @@
 namespace kovadm::session {
 namespace {
 
-class SecretFinder : public pugi::xml_tree_walker {
+// Puts the mark in the place of values of secret parameters, and of passwords of other requests.
+class Masking : public pugi::xml_tree_walker {
  public:
-  explicit SecretFinder(Redaction& redaction) : redaction_(redaction) {}
+  explicit Masking(Redaction& redaction) : redaction_(redaction) {}
+
+  bool found() const { return found_; }
 
   bool for_each(pugi::xml_node& node) override {
     const std::string_view name = local_name(node);
     if (name == "ParameterValueStruct") {
       const auto parameter = find_parameter(child_text(node, "Name"));
-      if (parameter && is_secret(*parameter->row)) note(child(node, "Value"));
+      if (parameter && is_secret(*parameter->row)) mask(child(node, "Value"));
     } else if (name == "Password") {
-      note(node);
+      mask(node);
     }
     return true;
   }
 
  private:
-  // As the value is, and as it stands in a message.
-  void note(const pugi::xml_node& node) {
-    const std::string text = element_text(node);
-    redaction_.note_word(text);
-    pugi::xml_document document;
-    add_text(document, "v", text);
-    std::ostringstream stream;
-    document.save(stream, "", pugi::format_raw | pugi::format_no_declaration);
-    const std::string written = stream.str();
-    constexpr std::size_t kStart = sizeof "<v>" - 1;
-    constexpr std::size_t kEnd = sizeof "</v>" - 1;
-    if (!text.empty()) redaction_.note_word(written.substr(kStart, written.size() - kStart - kEnd));
+  void mask(pugi::xml_node node) {
+    const std::string secret = element_text(node);
+    if (secret.empty()) return;
+    const std::string told = redaction_.secret(secret);  // longer ones are replaced elsewhere, too
+    found_ |= told != secret;
+    node.remove_children();
+    node.text() = told.c_str();
   }
 
   Redaction& redaction_;
+  bool found_ = false;
 };
 
 }  // namespace
 
-void note_secrets(const std::string& message, Redaction& redaction) {
-  auto read = read_message(message);
-  auto* found = std::get_if<Message>(&read);
-  if (found == nullptr) return;
-  SecretFinder finder(redaction);
-  found->document.traverse(finder);
+std::string without_secrets(const std::string& message, Redaction& redaction) {
+  pugi::xml_document document;
+  constexpr unsigned kAll = pugi::parse_full | pugi::parse_ws_pcdata;
+  if (!document.load_buffer(message.data(), message.size(), kAll)) return redaction.text(message);
+  Masking masking(redaction);
+  document.traverse(masking);
+  if (!masking.found()) return redaction.text(message);
+  std::ostringstream stream;
+  document.save(stream, "", pugi::format_raw);
+  return redaction.text(stream.str());
 }
 
-Transcript::Transcript(const std::string& file, Redaction& redaction) : file_(file), redaction_(redaction) {
+Transcript::Transcript(std::string file, Redaction& redaction) : file_(std::move(file)), redaction_(redaction) {
   if (file_.empty()) return;
   expect_to_write(file_);
   write_own_file(file_, "");
@@ -65,10 +69,9 @@ void Transcript::sent(const std::string& url, const std::string& message) { add(
 void Transcript::received(long status, const std::string& message) { add("< " + std::to_string(status), message); }
 
 void Transcript::add(const std::string& heading, const std::string& message) {
-  note_secrets(message, redaction_);
   if (file_.empty()) return;
   std::ofstream stream(file_, std::ios::binary | std::ios::app);
-  stream << heading << '\n' << redaction_.text(message) << (message.empty() ? "\n" : "\n\n");
+  stream << heading << '\n' << without_secrets(message, redaction_) << (message.empty() ? "\n" : "\n\n");
   if (!stream.flush()) throw std::system_error(errno, std::generic_category(), file_);
 }
 

@@ -11,7 +11,7 @@ class Transcript {
  public:
   // Written to `file` as it grows, for its owner alone to read; none for an empty name. Throws what expect_to_write()
   // and write_own_file() throw.
-  Transcript(const std::string& file, Redaction& redaction);
+  Transcript(std::string file, Redaction& redaction);
 
   void sent(const std::string& url, const std::string& message);
   void received(long status, const std::string& message);
@@ -23,7 +23,8 @@ class Transcript {
   Redaction& redaction_;
 };
 
-// Notes what a message has of secrets: values of secret parameters, and passwords of other requests.
-void note_secrets(const std::string& message, Redaction& redaction);
+// A message as it is to be told: a mark in the place of values of secret parameters, and of passwords of other
+// requests.
+std::string without_secrets(const std::string& message, Redaction& redaction);
 
 }  // namespace kovadm::session

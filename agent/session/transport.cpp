@@ -16,7 +16,7 @@ std::size_t take(char* part, std::size_t one, std::size_t size, void* text) {
   return size;
 }
 
-int end_when_interrupted(void*, curl_off_t, curl_off_t, curl_off_t, curl_off_t) { return interrupted() ? 1 : 0; }
+int end_when_interrupted(void*, curl_off_t, curl_off_t, curl_off_t, curl_off_t) { return interrupted() != 0 ? 1 : 0; }
 
 using Headers = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 

@@ -7,16 +7,9 @@
 #include <stdexcept>
 #include <string>
 
-namespace kovadm::session {
+#include "session/session.hpp"
 
-struct ServerOptions {
-  std::string url;
-  std::string user;
-  std::string password;
-  std::string cacert;  // a file; empty: the system's
-  bool insecure = false;
-  long timeout = 60;  // seconds for an exchange
-};
+namespace kovadm::session {
 
 // Why an exchange failed.
 class TransportError : public std::runtime_error {

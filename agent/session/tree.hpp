@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -22,7 +23,7 @@ struct Name {
 class Tree {
  public:
   // `root` is a root object's name.
-  Tree(Agent& agent, const std::string& root) : agent_(agent), root_(root) {}
+  Tree(Agent& agent, std::string root) : agent_(agent), root_(std::move(root)) {}
 
   const std::string& root() const { return root_; }
 

@@ -7,7 +7,7 @@
 namespace kovadm::session {
 namespace {
 
-const char* schema_type(Type type) {
+const char* type_name(Type type) {
   switch (type) {
     case Type::BOOLEAN:
       return "boolean";
@@ -32,7 +32,7 @@ bool is_number(const std::string& schema_type) {
 }  // namespace
 
 bool may_be(const std::string& given, Type type) {
-  const std::string expected = schema_type(type);
+  const std::string expected = type_name(type);
   return given == expected || given == "string" || given == "anySimpleType" ||
          (is_number(given) && is_number(expected));
 }
@@ -43,7 +43,7 @@ void add_values(pugi::xml_node parent, const std::vector<std::pair<Parameter, st
     pugi::xml_node element = list.append_child("ParameterValueStruct");
     add_text(element, "Name", parameter.path);
     const Type type = is_of_type(value, parameter.row->type) ? parameter.row->type : Type::STRING;
-    add_text(element, "Value", value).append_attribute("xsi:type") = (std::string("xsd:") + schema_type(type)).c_str();
+    add_text(element, "Value", value).append_attribute("xsi:type") = (std::string("xsd:") + type_name(type)).c_str();
   }
 }
 

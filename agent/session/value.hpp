@@ -10,9 +10,9 @@
 
 namespace kovadm::session {
 
-// Whether what says that it is of this type of XML Schema may be a value of a parameter's type. Servers call much a
+// Whether what is said to be of a given type of XML Schema may be a value of a parameter's type. Servers call much a
 // string.
-bool may_be(const std::string& schema_type, Type type);
+bool may_be(const std::string& given, Type type);
 
 // Adds the list of parameters with their values, each with its type as far as it is of its type.
 void add_values(pugi::xml_node parent, const std::vector<std::pair<Parameter, std::string>>& values);

@@ -6,6 +6,7 @@
 #include "device/walk.hpp"
 #include "model/value_type.hpp"
 #include "output/progress.hpp"
+#include "session/interrupt.hpp"
 #include "session/methods.hpp"
 #include "session/value.hpp"
 
@@ -43,8 +44,7 @@ class Reading {
     auto answer = agent_.get(parameter);
     progress_.clear();
     if (auto* fault = std::get_if<Fault>(&answer)) return *fault;
-    std::string& value = std::get<std::string>(answer);
-    if (is_secret(*parameter.row)) output_.redaction().note_word(value);
+    auto& value = std::get<std::string>(answer);
     values.emplace_back(parameter, std::move(value));
     return std::nullopt;
   }
@@ -91,36 +91,43 @@ std::string Methods::get_values(const pugi::xml_node& request, pugi::xml_node re
 std::string Methods::set_values(const pugi::xml_node& request, pugi::xml_node response) {
   const std::string key = required_text(request, "ParameterKey");
   if (key.size() > kLongestKey) throw Refused{{{FaultCode::INVALID_ARGUMENTS, "ParameterKey", "too long", ""}}};
-  Refused refused{{{FaultCode::INVALID_ARGUMENTS, "", "", ""}}};
+  std::vector<Fault> faults = {{FaultCode::INVALID_ARGUMENTS, "", "", ""}};
   RequestCheck check(agent_);
   std::vector<Call> calls;
   for (const pugi::xml_node& element : elements_of(request, "ParameterList")) {
     const std::string path = required_text(element, "Name");
     const std::string value = required_text(element, "Value");
     const auto parameter = find_parameter(path);
-    if (parameter && is_secret(*parameter->row)) output_.redaction().note_word(value);
     auto fault = path.starts_with(tree_.root() + ".") ? std::nullopt : tree_.unknown(path);
     if (!fault && parameter) fault = wrong_type(child(element, "Value"), *parameter);
     auto checked = fault ? *fault : check.call(path, value);
     if (const auto* bad = std::get_if<Fault>(&checked)) {
-      refused.faults.push_back(*bad);
+      note_refused(parameter, value);
+      faults.push_back(*bad);
     } else {
       calls.push_back(std::get<Call>(std::move(checked)));
       warn_of_shell(calls.back().parameter, value, output_);
     }
   }
-  if (refused.faults.size() > 1) throw refused;
+  if (faults.size() > 1) throw Refused{faults};
   const bool waits = make_calls(calls, key);
   add_text(response, "Status", waits ? "1" : "0");
   return counted(calls.size(), "value") + ": " + (waits ? "stored, to be applied" : "applied");
 }
 
+// The fault tells the value.
+void Methods::note_refused(const std::optional<Parameter>& parameter, const std::string& value) {
+  if (parameter && is_secret(*parameter->row)) output_.redaction().note_word(value);
+}
+
 bool Methods::make_calls(const std::vector<Call>& calls, const std::string& key) {
+  const Uninterrupted whole;
   const Undo undo;
   const TaskRecords records;
   uint32_t raised = 0;
   for (const Call& call : calls) {
     if (const auto fault = agent_.set(call.parameter, call.passed, raised)) {
+      note_refused(call.parameter, call.passed);
       undo.put_back();
       throw Refused{{{FaultCode::INVALID_ARGUMENTS, "", "", ""}, *fault}};
     }

@@ -117,7 +117,7 @@ Serve asks(std::vector<std::string> bodies) {
   return [bodies = std::move(bodies), next = size_t{0}](const Post& post) mutable -> Reply {
     if (post.text.find("<cwmp:Inform>") != std::string::npos) {
       next = 0;
-      return {200, message("<cwmp:InformResponse><MaxEnvelopes>1</MaxEnvelopes></cwmp:InformResponse>")};
+      return {200, message("<cwmp:InformResponse><MaxEnvelopes>1</MaxEnvelopes></cwmp:InformResponse>", "1")};
     }
     if (next == bodies.size()) return {};
     const std::string& body = bodies[next++];
