@@ -35,6 +35,8 @@ if(KOVA_AGENT)
     # The absolute one is for a system without /proc, where a program does not know its place.
     set_target_properties(
       kovadm PROPERTIES INSTALL_RPATH "$ORIGIN/../lib/kova-datamodel;${CMAKE_INSTALL_PREFIX}/lib/kova-datamodel")
+  elseif(KOVA_PLATFORM_PREFIX)
+    set_target_properties(kovadm PROPERTIES INSTALL_RPATH "${KOVA_PLATFORM_PREFIX}/lib")
   endif()
 endif()
 

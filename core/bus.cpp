@@ -4,6 +4,7 @@ extern "C" {
 #include <libubus.h>
 }
 #include <arpa/inet.h>
+#include <errno.h>
 #include <inttypes.h>
 #include <stdio.h>
 #include <string.h>
@@ -23,11 +24,19 @@ namespace {
 using namespace kova;
 
 constexpr int32_t kTimeout = 3000;
+constexpr int kConnectTries = 20;
 
 // A connection to the bus for one call.
 class BusConnection {
  public:
-  BusConnection() : context_(ubus_connect(nullptr)) {}
+  // libubus gives up when a signal interrupts it, which happens to agents that have timers.
+  BusConnection() : context_(nullptr) {
+    for (int tries = 0; context_ == nullptr && tries < kConnectTries; ++tries) {
+      errno = 0;
+      context_ = ubus_connect(nullptr);
+      if (errno != EINTR) break;
+    }
+  }
   ~BusConnection() {
     if (context_ != nullptr) ubus_free(context_);
   }

@@ -28,8 +28,8 @@ bool is_plain(const char* name) {
   return name != nullptr && strchr(name, '.') == nullptr && strchr(name, '=') == nullptr;
 }
 
-// What the platform takes for an option's name and for a value, where it looks.
-bool is_option_name(const char* name) {
+// What the platform takes for a name and for a value. It does not look everywhere itself.
+bool is_name(const char* name) {
   return *name != '\0' && name[strspn(name, "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_")] == '\0';
 }
 bool is_storable(const char* value) {
@@ -72,7 +72,7 @@ bool refuse(const Change& change, int error) {
 
 // Sets an option, or with a nullptr for its name a section's type, as loaded. A libuci error code.
 int set_element(uci_context* context, const char* package, const char* section, const char* option, const char* value) {
-  if (option != nullptr && !is_option_name(option)) return UCI_ERR_PARSE;
+  if (option != nullptr && !is_name(option)) return UCI_ERR_PARSE;
   if (!is_storable(value)) return UCI_ERR_INVAL;
   uci_ptr element = {};
   element.package = package;
@@ -93,7 +93,9 @@ bool set_option_creating_section(uci_context* context, const Change& change) {
   LOG("uci set err\n");
   // The section may well be there, and must not get another type then.
   if (first_error == UCI_ERR_MEM) return refuse(change, first_error);
-  const int section_error = set_element(context, change.package, change.section, nullptr, change.section);
+  const int section_error = is_name(change.section)
+                                ? set_element(context, change.package, change.section, nullptr, change.section)
+                                : UCI_ERR_INVAL;
   if (section_error != UCI_OK) {
     LOG("uci set err:%s.%s %d \n\n", change.package, change.section, section_error);
     return false;

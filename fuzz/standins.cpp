@@ -7,6 +7,7 @@
 #include "write.hpp"
 
 using namespace kova::fuzz;
+using namespace lab;
 using namespace standin;
 
 namespace {

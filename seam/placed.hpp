@@ -27,6 +27,7 @@ class Placed : public Platform {
   uci_context* uci_alloc_context() override {
     uci_context* context = Platform::uci_alloc_context();
     if (context == nullptr) return nullptr;
+    leave_usual_changes(context);
     uci_set_confdir(context, kMainStore);
     uci_set_savedir(context, kPendingChanges);
     return context;

@@ -56,6 +56,17 @@ InUse::~InUse() {
 
 void name_plugin(const void* address) { dl_iterate_phdr(take_range, const_cast<void*>(address)); }
 
+void leave_usual_changes(uci_context* context) {
+  uci_list& paths = context->delta_path;
+  while (paths.next != &paths) {
+    uci_element* const path = list_to_element(paths.next);
+    paths.next = path->list.next;
+    path->list.next->prev = &paths;
+    std::free(path->name);
+    std::free(path);
+  }
+}
+
 // The macros' arguments are names and lists of parameters, and the declarations the C library's and the platform's.
 // NOLINTBEGIN(bugprone-macro-parentheses)
 #define KOVA_CALL(type, name, parameters, arguments, ...)                                   \

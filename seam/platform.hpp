@@ -20,6 +20,7 @@ extern "C" {
 #include <libubus.h>
 #include <uci.h>
 }
+#undef fallthrough  // libubox's, for C; others have functions of this name
 
 namespace seam {
 
@@ -62,6 +63,9 @@ class InUse {
   Platform& before_;
   Platform& before_others_;
 };
+
+// Has a context find no changes that wait in the usual directory: libuci goes on looking there when it is told another.
+void leave_usual_changes(uci_context* context);
 
 // Names the plug-in: the library in which this address lies.
 void name_plugin(const void* address);

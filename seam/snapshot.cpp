@@ -152,6 +152,7 @@ Texts options_of(const std::string& package, const std::string& text, const std:
   if (!changes.empty()) write_file(fs::path(pending) / package, changes);
   Texts options;
   const std::unique_ptr<uci_context, decltype(&uci_free_context)> context(uci_alloc_context(), &uci_free_context);
+  leave_usual_changes(context.get());
   uci_set_confdir(context.get(), store.c_str());
   uci_set_savedir(context.get(), pending.c_str());
   uci_package* loaded = nullptr;

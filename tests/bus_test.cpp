@@ -84,8 +84,10 @@ class SpoiltReply : public Bus, seam::Platform {
   }
   void TearDown() override { blob_buf_free(&message_); }
 
-  int ubus_invoke_fd(ubus_context* /*bus*/, uint32_t /*id*/, const char* /*method*/, blob_attr* /*message*/,
-                     ubus_data_handler_t handler, void* context, int timeout, int /*file*/) override {
+  int ubus_invoke_fd(ubus_context* bus, uint32_t id, const char* method, blob_attr* asked, ubus_data_handler_t handler,
+                     void* context, int timeout, int file) override {
+    if (handler == nullptr)  // not the plug-in's
+      return Platform::ubus_invoke_fd(bus, id, method, asked, handler, context, timeout, file);
     EXPECT_EQ(timeout, 3000);
     ubus_request request = {};
     request.priv = context;
@@ -182,6 +184,47 @@ TEST_F(Bus, FaultsAreTheBussErrorCodes) {
   EXPECT_EQ(ubus_call(nullptr, "b", nullptr, handler, nullptr, 10), -1);
   EXPECT_EQ(ubus_call("a", nullptr, nullptr, handler, nullptr, 10), -1);
   EXPECT_EQ(take_log(), "NP\nNP\nNP\n");
+}
+
+TEST_F(Bus, OfAReplyInSeveralMessagesTheLastOneCounts) {
+  interface_answers(R"({"replies": [{"uptime": 1, "proto": "dhcp"}, {"uptime": 2}]})");
+  EXPECT_EQ(interface(INTERFACE_UPTIME), answered("2"));
+  EXPECT_EQ(interface(INTERFACE_PROTO), answered("dhcp"));
+}
+
+// Has something happen to the router between a look-up and the call.
+class Vanishing : public Bus, seam::Platform {
+ protected:
+  int ubus_lookup_id(ubus_context* bus, const char* object, uint32_t* id) override {
+    const int status = Platform::ubus_lookup_id(bus, object, id);
+    if (object == std::string("network.interface.test")) run(then_);
+    return status;
+  }
+
+  std::string then_ = "true";
+  const seam::InUse in_use_{*this, seam::Calls::OF_PROCESS};
+};
+
+TEST_F(Vanishing, AnObjectThatGoesOrDoesNotAnswerIsTheBussErrorCode) {
+  interface_answers("{}");
+  then_ = "rm -r /etc/lab/bus/network.interface.test";
+  EXPECT_NE(interface(INTERFACE_UP).result, 0);
+  EXPECT_EQ(take_log(), "ubus_invoke error\n");
+#ifdef KOVA_STANDINS
+  GTEST_SKIP() << "the stand-ins' bus has no daemon that could be stopped";
+#endif
+  then_ = "true";
+  interface_answers("{}");
+  EXPECT_EQ(interface(INTERFACE_UP).result, 0);
+  then_ = "kill -STOP $(cat /var/run/ubus/lab-bus.pid)";
+  EXPECT_EQ(interface(INTERFACE_UP), (Answer{UBUS_STATUS_TIMEOUT, kUntouched}));
+  EXPECT_EQ(::system("kill -CONT $(cat /var/run/ubus/lab-bus.pid)"), 0);
+  then_ = "kill -KILL $(cat /var/run/ubus/ubusd.pid)";
+  EXPECT_NE(interface(INTERFACE_UP).result, 0);
+  then_ = "true";
+  run("rm -r /etc/lab/bus/network.interface.test");
+  interface_answers(R"({"up": true})");
+  EXPECT_EQ(interface(INTERFACE_UP), answered("1"));
 }
 
 TEST_F(Bus, ACallHandsTheReplyAndItsContextOver) {

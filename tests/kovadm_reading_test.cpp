@@ -64,7 +64,7 @@ TEST_F(Kovadm, LooksOnceUnlessToldNot) {
 }
 
 TEST_F(Kovadm, ValuesTakeOneLineAndAnyBytes) {
-  configure("cwmp.info.username", "two\nlines\t\x1b \\n \xff");
+  write_file("/etc/config/cwmp", "config info 'info'\n\toption username 'two\nlines\t\x1b \\n \xff'\n");
   EXPECT_EQ(kovadm("get " SERVER "Username").out, SERVER "Username = two\\nlines\\t\\x1b \\\\n \xff\n");
   EXPECT_EQ(kovadm("get --json " SERVER "Username").document()["values"][0]["value"],
             "two\nlines\t\x1b \\n \xef\xbf\xbd");

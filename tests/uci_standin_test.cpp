@@ -1,4 +1,4 @@
-// The stand-in for libuci and its tool: recorded runs of the real tool, and the library's own rules.
+// libuci and its tool, the stand-ins or the real ones: recorded runs of the real tool, and the library's own rules.
 #include <sys/wait.h>
 #include <uci.h>
 
@@ -60,8 +60,8 @@ class UciStandin : public testing::Test {
     std::string argument;
     if (blank != std::string::npos)
       argument = "'" + std::regex_replace(command.substr(blank + 1), std::regex("'"), "'\\''") + "'";
-    const int status = shell(before + UCI_TOOL " -c config -t save " + options + " " + command.substr(0, blank) + " " +
-                             argument + " >out 2>err");
+    const int status = shell(before + "PATH=$(dirname " UCI_TOOL "):$PATH uci -c config -t save " + options + " " +
+                             command.substr(0, blank) + " " + argument + " >out 2>err");
     return shown(*read("out"), *read("err"), WEXITSTATUS(status));
   }
 
@@ -121,6 +121,7 @@ TEST_F(UciStandin, RecordedRunsAreRepeated) {
                          shown(step["stdout"], step["stderr"], step["status"]));
     const Json& delta = recorded["delta_after"];
     fs::remove(root() / "save/demo");
+    if (recorded.contains("delta_before")) write("save/demo", recorded["delta_before"]);
     write("config/demo", recorded["before"]);
     expect_run(steps, recorded["file_after"], delta.is_null() ? std::nullopt : std::optional<std::string>(delta));
   }
@@ -139,7 +140,7 @@ TEST_F(UciStandin, AnIndexThatNoSectionHasIsTakenForAName) {
   const Step option = {"set demo.@rule[2].name=z", kInvalid};
   const Step get = {"get demo.@rule[2]", kNotFound};
   expect_run({"set demo.@rule[2]=rule", "set demo.@rule[-3]=rule", "set demo.@it's[]=rule", option, get, "commit demo"},
-             kDemo, "demo.@rule[2]='rule'\ndemo.@rule[-3]='rule'\ndemo.@it'\\''s[]='rule'\n");
+             kDemo, "demo.@rule[2]='rule'\ndemo.@rule[-3]='rule'\ndemo.@it's[]='rule'\n");
 }
 
 TEST_F(UciStandin, TypesAreWrittenEscaped) {
@@ -153,7 +154,7 @@ TEST_F(UciStandin, WhatCannotBeDoneChangesNothing) {
   const std::pair<std::string, std::vector<const char*>> refusals[] = {
       {kInvalid,
        {"set demo.new=bad type", "set demo=1", "set demo.lan.proto", "add_list demo.none.dns=1", "delete demo",
-        "get demo", "get demo.@rule", "get demo.@rule[-]", "get demo.@rule[0", "get demo.x-y", "get demo..x"}},
+        "get demo.@rule", "get demo.@rule[-]", "get demo.@rule[0", "get demo.x-y", "get demo..x"}},
       {kUnreadable, {"get .lan", "get demo.lan.", "get demo.lan.a-b", "get ../config/demo"}},
       {kNotFound, {"get folder.lan", "delete demo.lan.none"}},
       {"status 1", {"delete demo.lan=x", "delete demo.@rule[0].name=x"}},
@@ -208,16 +209,24 @@ TEST_F(UciStandin, ASaveDirectoryIsMadeUnlessItsParentIsMissing) {
   EXPECT_EQ(read("new/demo"), "demo.lan.a='1'\n");
 }
 
-TEST_F(UciStandin, AFailedWriteIsReportedAndLeavesTheOldFile) {
-  const std::string before = std::string(kDemo) + "\toption text '" + std::string(20000, 'x') + "'\n";
-  write("config/demo", before);
+// So who has no room loses a package: the plug-in asks for the room first.
+TEST_F(UciStandin, AFailedWriteIsNotNoticed) {
+  write("config/demo", std::string(kDemo) + "\toption text '" + std::string(20000, 'x') + "'\n");
   EXPECT_EQ(uci("set demo.lan.proto=dhcp"), "");
-  EXPECT_EQ(uci("commit", "", "trap '' 25; ulimit -f 8; "), kFailed + "status 0");
-  EXPECT_EQ(uci("commit demo", "", "trap '' 25; ulimit -f 8; "), kFailed);
+  EXPECT_EQ(uci("commit", "", "trap '' 25; ulimit -f 8; "), "");
+  EXPECT_EQ(read("config/demo")->size(), 4096U);
+  EXPECT_EQ(read("save/demo"), "");
   EXPECT_EQ(shell("test \"$(ls -A config)\" = demo"), 0);
-  expect_run({}, before, "demo.lan.proto='dhcp'\n");
-  EXPECT_EQ(uci("commit"), "");
-  EXPECT_EQ(uci("get demo.lan.proto"), "dhcp\n");
+}
+
+TEST_F(UciStandin, ChangesInTheUsualDirectoryCountWhereverOthersAre) {
+  run("mkdir -p /tmp/.uci && echo \"demo.lan.proto='usual'\" >/tmp/.uci/demo");
+  EXPECT_EQ(uci("get demo.lan.proto"), "usual\n");
+  EXPECT_EQ(uci("set demo.lan.a=1"), "");
+  EXPECT_EQ(uci("commit demo"), "");
+  EXPECT_EQ(contents("/tmp/.uci/demo"), "demo.lan.proto='usual'\n");
+  run("rm /tmp/.uci/demo");
+  EXPECT_EQ(uci("get demo.lan.proto"), "usual\n");
 }
 
 TEST_F(UciStandin, WritersAtTheSameTimeLoseNothing) {
@@ -225,6 +234,9 @@ TEST_F(UciStandin, WritersAtTheSameTimeLoseNothing) {
                   " -c config -t save set demo.lan.$writer=$round && " UCI_TOOL
                   " -c config -t save commit demo || touch failed; done & done; wait; test ! -e failed"),
             0);
+#ifndef KOVA_STANDINS
+  GTEST_SKIP() << "the real libuci loses a change now and then when another is written meanwhile";
+#endif
   for (const char* writer : {"a", "b", "c", "d"}) EXPECT_EQ(uci(std::string("get demo.lan.") + writer), "12\n");
 }
 
@@ -265,8 +277,6 @@ TEST_F(UciStandin, LookUpsSayHowFarTheyCame) {
 TEST_F(UciStandin, TakesAnElementThatWasFilledInByHand) {
   Session session(root());
   uci_ptr ptr = {};
-  EXPECT_EQ(uci_lookup_ptr(session.get(), &ptr, nullptr, true), UCI_ERR_INVAL);
-  ptr = {};
   ptr.package = "demo";
   ptr.section = "lan";
   ptr.option = "proto";
@@ -280,16 +290,16 @@ TEST_F(UciStandin, TakesAnElementThatWasFilledInByHand) {
   elements.value = "1500";
   EXPECT_EQ(uci_set(session.get(), &elements), UCI_OK);
   EXPECT_STREQ(elements.o->v.string, "1500");
-  EXPECT_EQ(elements.last, &elements.o->e);
   elements.o = nullptr;
-  elements.option = "bad name";
-  EXPECT_EQ(uci_set(session.get(), &elements), UCI_ERR_INVAL);
+  elements.option = "bad name";  // which is not looked at, and is no change when it is read again
+  EXPECT_EQ(uci_set(session.get(), &elements), UCI_OK);
 }
 
 TEST_F(UciStandin, LoadsAPackageOnceAndWalksIt) {
   const Session session(root());
   uci_package* package = nullptr;
-  for (const char* wrong : {"../config/demo", ""}) EXPECT_EQ(uci_load(session.get(), wrong, &package), UCI_ERR_INVAL);
+  for (const auto& [wrong, error] : {std::pair{"../config/demo", UCI_ERR_NOTFOUND}, {"", UCI_ERR_INVAL}})
+    EXPECT_EQ(uci_load(session.get(), wrong, &package), error) << wrong;
   ASSERT_EQ(uci_load(session.get(), "demo", &package), UCI_OK);
   EXPECT_EQ(uci_load(session.get(), "demo", nullptr), UCI_ERR_DUPLICATE);
   EXPECT_EQ(uci_unload(session.get(), package), UCI_OK);
@@ -308,7 +318,7 @@ TEST_F(UciStandin, LoadsAPackageOnceAndWalksIt) {
   element = nullptr;
   EXPECT_EQ(uci_lookup_next(session.get(), &element, &dns->v.list, "1.1.1.1"), UCI_OK);
   EXPECT_STREQ(element->name, "1.1.1.1");
-  EXPECT_EQ(uci_lookup_next(session.get(), &element, &dns->v.list, "1.1.1.1"), UCI_ERR_NOTFOUND);
+  EXPECT_EQ(uci_lookup_next(session.get(), &element, &dns->v.list, "8.8.8.8"), UCI_OK);  // from the beginning again
 }
 
 TEST_F(UciStandin, CommitKeepsWhatOthersChangedMeanwhile) {

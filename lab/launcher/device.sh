@@ -94,9 +94,12 @@ in_use=
 furnish() {
   directory_inside /rom
   [[ -d $target/etc ]] || fail "$device has no factory state; --fresh makes it anew"
-  # A link, so that kovadm finds the plug-in beside itself.
+  # Links, so that kovadm finds the plug-in beside itself, and tools their libraries.
+  local program
   directory_inside /usr/bin
-  [[ ! -x $build/kovadm ]] || ln -sfT "$build/kovadm" "$target/kovadm" ||
-    fail "cannot make the link $target/kovadm; --fresh makes it anew"
+  for program in "$build/kovadm" "$tools"/lab/bin/*; do
+    [[ ! -x $program ]] || ln -sfT "$program" "$target/${program##*/}" ||
+      fail "cannot make the link $target/${program##*/}; --fresh makes it anew"
+  done
   "furnish_for_$sandbox" "$1"
 }

@@ -49,9 +49,7 @@ find_programs() {
   found=$(need iproute2 ip) || exit
   programs[/usr/sbin/ip]=$found
   for tool in uci ubus; do
-    if [[ -x $tools/lab/bin/$tool ]]; then
-      programs[/usr/bin/$tool]=$tools/lab/bin/$tool
-    elif found=$(find_tool $tool); then
+    if [[ ! -x $tools/lab/bin/$tool ]] && found=$(find_tool $tool); then
       programs[/usr/bin/$tool]=$found
     fi
   done

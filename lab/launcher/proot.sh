@@ -61,7 +61,7 @@ furnish_for_proot() {
   for place in "${!programs[@]}"; do
     install_copy "${programs[$place]}" "$place"
   done
-  for library in $(libraries_of "${programs[@]}" "$build/kovadm" "$1"); do
+  for library in $(libraries_of "${programs[@]}" "$build/kovadm" "$tools"/lab/bin/* "$1"); do
     install_copy "$library"
   done
   if [[ $emulator ]]; then
@@ -93,8 +93,9 @@ enter_proot() {
   setpriv "${privileges[@]}" true 2>/dev/null || privileges=()
   scratch "${TMPDIR:-/tmp}"
   outcome=$new/outcome
+  mkdir "$new/shm"
   run setpriv --pdeathsig QUIT "${privileges[@]}" "$(find_tool proot)" -v -1 -0 -r "$device" -w / \
-    "${bound[@]/#/--bind=}" /bin/sh -c "$session" sh /bin/sh /sbin/lab-init "$@" 9>"$outcome" || status=$?
+    "${bound[@]/#/--bind=}" "--bind=$new/shm:/dev/shm" /bin/sh -c "$session" sh /bin/sh /sbin/lab-init "$@" 9>"$outcome" || status=$?
   [[ ! -s $outcome ]] || status=$(<"$outcome")
   return "$status"
 }

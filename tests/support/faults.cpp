@@ -14,7 +14,7 @@ namespace {
 
 int blocks_held = 0;
 int pipes_held = 0;
-// Memory does not fail inside the bus's stand-in, whose JSON library needs it even to give memory back.
+// Memory does not fail inside the C library's regcomp, which loses some when that ends in the middle.
 bool memory_is_safe = false;
 
 struct SafeMemory {
@@ -41,10 +41,20 @@ int close_pipe(void* place) {
   return 0;
 }
 
-// The functions inside of which memory does not fail: the C library's regcomp loses some when that ends in the middle.
-constexpr bool keeps_memory(std::string_view function) {
-  return function.starts_with("ubus_") || function == "regcomp";
+constexpr bool is_of_platform(std::string_view function) {
+  return function.starts_with("uci_") || function.starts_with("ubus_") || function.starts_with("blob");
 }
+
+// Nothing fails inside of the platform's libraries. They leave memory, temporary files and cut packages behind then,
+// which is theirs, and what they ask of themselves would not come back as they have arranged it.
+bool is_in_platform = false;
+
+// Within a function of the platform, for its lifetime.
+struct InPlatform {
+  explicit InPlatform(bool is_there) { is_in_platform = is_in_platform || is_there; }
+  ~InPlatform() { is_in_platform = before; }
+  const bool before = is_in_platform;
+};
 
 // Each function's n-th call fails.
 class Failing : public seam::Platform {
@@ -54,13 +64,22 @@ class Failing : public seam::Platform {
   type name parameters override {                                    \
     static Service service(#name);                                   \
     if (service.strikes()) return errno = error, failure;            \
-    const SafeMemory safe(keeps_memory(#name));                      \
+    const InPlatform here(is_of_platform(#name));                    \
+    const SafeMemory safe(#name == std::string_view("regcomp"));     \
     return Platform::name arguments;                                 \
   }
 #define KOVA_SURE_CALL(...)
 #include "seam/functions.h"
   // NOLINTEND(bugprone-macro-parentheses)
 };
+
+// What the plug-in does with a reply is not the platform's.
+ubus_data_handler_t reply_handler = nullptr;
+void take_reply(ubus_request* request, int type, blob_attr* reply) {
+  is_in_platform = false;
+  reply_handler(request, type, reply);
+  is_in_platform = true;
+}
 
 // What goes otherwise than by failing or working.
 class Router final : public Failing {
@@ -97,6 +116,12 @@ class Router final : public Failing {
     return service.strikes() ? errno = EIO, -1 : 0;
   }
 
+  int ubus_invoke_fd(ubus_context* bus, uint32_t id, const char* method, blob_attr* message,
+                     ubus_data_handler_t handler, void* context, int timeout, int file) override {
+    reply_handler = handler;
+    return Failing::ubus_invoke_fd(bus, id, method, message, take_reply, context, timeout, file);
+  }
+
   // What one that breaks off leaves to be done, the next one of the package takes along, in whatever directory. That is
   // as it has to be, and would be found everywhere; so it is dropped.
   int uci_commit(uci_context* context, uci_package** package, bool overwrite) override {
@@ -112,6 +137,8 @@ Router router;
 const seam::InUse in_use(router, seam::Calls::OF_PROCESS);
 
 }  // namespace
+
+bool Service::may_fail() { return armed && !is_in_platform; }
 
 Held Held::now() {
   const int descriptor = dup(STDERR_FILENO);

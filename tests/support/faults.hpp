@@ -21,10 +21,13 @@ class Service {
   int calls = 0;
   int fails_at = 0;  // the number of the call that fails; 0 for none
 
-  bool strikes() { return armed && ++calls == fails_at; }
+  bool strikes() { return may_fail() && ++calls == fails_at; }
 
   static Service* first;
   static bool armed;
+
+ private:
+  static bool may_fail();  // where the program is now
 };
 
 // What is held at one time, while services are not armed.

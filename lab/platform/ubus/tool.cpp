@@ -14,7 +14,7 @@ extern "C" {
 
 namespace {
 
-using standin::Json;
+using lab::Json;
 
 int usage() {
   fputs(
@@ -32,7 +32,7 @@ int unreachable() {
 }
 
 int list(const std::string& pattern) {
-  const auto objects = standin::bus_objects();
+  const auto objects = lab::bus_objects();
   if (!objects) return unreachable();
   for (const std::string& object : *objects) {
     if (fnmatch(pattern.c_str(), object.c_str(), 0) == 0) puts(object.c_str());
@@ -54,14 +54,14 @@ int call(const std::string& object, const std::string& method, const std::string
   blob_buf buffer = {};
   const std::unique_ptr<blob_buf, decltype(&blob_buf_free)> owner(&buffer, &blob_buf_free);
   blob_buf_init(&buffer, 0);
-  standin::add_members(buffer, request);
+  lab::add_members(buffer, request);
 
   ubus_context* bus = ubus_connect(nullptr);
   if (bus == nullptr) return unreachable();
   uint32_t id = 0;
   int status = ubus_lookup_id(bus, object.c_str(), &id);
   const auto print = [](ubus_request* request_made, int, blob_attr* reply) {
-    const Json json = standin::to_json(blob_data(reply), blob_len(reply));
+    const Json json = lab::to_json(blob_data(reply), blob_len(reply));
     const bool one_line = *static_cast<const bool*>(request_made->priv);
     puts((one_line ? json.dump() : json.dump(1, '\t')).c_str());
   };

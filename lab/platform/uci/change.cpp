@@ -1,4 +1,5 @@
 // Changing elements. Each change is carried out and noted, to be saved or committed.
+#include <cstdlib>
 #include <cstring>
 
 #include "model.hpp"
@@ -24,10 +25,7 @@ void carry_out(uci_ptr& ptr, Change::Kind kind, const char* option, const char* 
   refresh(ptr, change);
 }
 
-void change_option(uci_ptr& ptr, Change::Kind kind) {
-  require(is_name(option_name(ptr)), UCI_ERR_INVAL);
-  carry_out(ptr, kind, option_name(ptr), ptr.value);
-}
+void change_option(uci_ptr& ptr, Change::Kind kind) { carry_out(ptr, kind, option_name(ptr), ptr.value); }
 
 void set_option(uci_ptr& ptr) {
   require(ptr.s != nullptr, UCI_ERR_INVAL);
@@ -38,10 +36,11 @@ void set_option(uci_ptr& ptr) {
 // An index that no section has is taken for a name, as the real library does, though no reader takes that name.
 void set_section(uci_ptr& ptr) {
   require(section_name(ptr) != nullptr && is_type(ptr.value), UCI_ERR_INVAL);
+  if (ptr.s != nullptr && std::strcmp(ptr.s->type, ptr.value) == 0) return;
   carry_out(ptr, Change::SET, nullptr, ptr.value);
 }
 
-void remove(uci_ptr& ptr) { carry_out(ptr, Change::REMOVE, option_name(ptr), nullptr); }
+void remove(uci_ptr& ptr, const char* place = nullptr) { carry_out(ptr, Change::REMOVE, option_name(ptr), place); }
 
 }  // namespace
 
@@ -49,7 +48,8 @@ int uci_set(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
     expand(ctx, ptr);
     const bool is_option = option_name(*ptr) != nullptr;
-    require(ptr->value != nullptr && (ptr->s != nullptr || !is_option), UCI_ERR_INVAL);
+    require(ptr->value != nullptr && section_name(*ptr) != nullptr, UCI_ERR_INVAL);
+    require(ptr->s != nullptr || !is_option, UCI_ERR_INVAL);
     if (ptr->value[0] == '\0') {
       const bool exists = is_option ? ptr->o != nullptr : ptr->s != nullptr;
       if (exists) remove(*ptr);
@@ -64,15 +64,15 @@ int uci_set(uci_context* ctx, uci_ptr* ptr) {
 int uci_add_list(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
     expand(ctx, ptr);
-    require(ptr->s != nullptr && option_name(*ptr) != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
-    change_option(*ptr, Change::ADD_TO_LIST);
+    require(ptr->s != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
+    change_option(*ptr, Change::ADD_TO_LIST);  // of a section too, though nobody takes that
   });
 }
 
 int uci_del_list(uci_context* ctx, uci_ptr* ptr) {
   return guarded(ctx, [&](Context&) {
     expand(ctx, ptr);
-    require(ptr->s != nullptr && option_name(*ptr) != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
+    require(ptr->s != nullptr && ptr->value != nullptr, UCI_ERR_INVAL);
     if (ptr->o == nullptr || ptr->o->type != UCI_TYPE_LIST) return;
     change_option(*ptr, Change::REMOVE_FROM_LIST);
   });
@@ -83,6 +83,13 @@ int uci_delete(uci_context* ctx, uci_ptr* ptr) {
     expand(ctx, ptr);
     require(is_raised(*ptr, uci_ptr::UCI_LOOKUP_COMPLETE), UCI_ERR_NOTFOUND);
     require(ptr->s != nullptr, UCI_ERR_INVAL);
-    remove(*ptr);
+    // Of a list, a value is an item's place.
+    const bool is_item =
+        ptr->value != nullptr && ptr->value[0] != '\0' && ptr->o != nullptr && ptr->o->type == UCI_TYPE_LIST;
+    if (!is_item) {
+      remove(*ptr);
+    } else if (item_at(*ptr->o, std::atoi(ptr->value)) != nullptr) {
+      remove(*ptr, ptr->value);
+    }
   });
 }

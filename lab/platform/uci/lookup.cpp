@@ -110,8 +110,7 @@ const char* option_name(const uci_ptr& ptr) {
 
 int uci_lookup_next(uci_context* ctx, uci_element** e, uci_list* list, const char* name) {
   if (ctx == nullptr || e == nullptr || list == nullptr || name == nullptr) return UCI_ERR_INVAL;
-  const uci_list* position = *e != nullptr ? (*e)->list.next : list->next;
-  for (; position != list; position = position->next) {
+  for (const uci_list* position = list->next; position != list; position = position->next) {
     uci_element* element = list_to_element(position);
     if (std::strcmp(element->name, name) != 0) continue;
     *e = element;
@@ -123,11 +122,7 @@ int uci_lookup_next(uci_context* ctx, uci_element** e, uci_list* list, const cha
 int uci_lookup_ptr(uci_context* ctx, uci_ptr* ptr, char* str, bool extended) {
   return guarded(ctx, [&](Context&) {
     require(ptr != nullptr, UCI_ERR_INVAL);
-    if (str != nullptr) {
-      split(*ptr, str);
-    } else if (ptr->section != nullptr && !is_name(ptr->section)) {
-      raise(*ptr, uci_ptr::UCI_LOOKUP_EXTENDED);
-    }
+    if (str != nullptr) split(*ptr, str);
     raise(*ptr, uci_ptr::UCI_LOOKUP_DONE);
     if (resolve(ctx, *ptr, extended)) raise(*ptr, uci_ptr::UCI_LOOKUP_COMPLETE);
   });

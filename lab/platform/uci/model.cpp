@@ -213,6 +213,22 @@ void remove_from_list(uci_option& option, std::string_view value) {
   if (option.v.list.next == &option.v.list) free_option(&option);
 }
 
+uci_element* item_at(const uci_option& option, int place) {
+  if (option.type != UCI_TYPE_LIST || place < 0) return nullptr;
+  uci_element* item = nullptr;
+  uci_foreach_element(&option.v.list, item) {
+    if (place-- == 0) return item;
+  }
+  return nullptr;
+}
+
+void remove_item(uci_option& option, int place) {
+  uci_element* const item = item_at(option, place);
+  if (item == nullptr) return;
+  free_item(item);
+  if (option.v.list.next == &option.v.list) free_option(&option);
+}
+
 void free_option(uci_option* option) {
   clear(*option);
   unlink(option->e);

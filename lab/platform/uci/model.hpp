@@ -13,8 +13,7 @@ namespace standin {
 
 struct Context : uci_context {
   std::string configuration_directory = UCI_CONFDIR;
-  std::string save_directory = UCI_SAVEDIR;
-  std::vector<std::string> delta_directories;  // read before the save directory
+  std::string save_directory = UCI_SAVEDIR;  // the last one of delta_path
   int error = UCI_OK;
   std::string detail;  // of the last parse error
 };
@@ -77,7 +76,9 @@ void free_section(uci_section* section);
 
 void set_string(uci_section& section, std::string_view name, std::string_view value);
 void add_to_list(uci_section& section, std::string_view name, std::string_view value);
+uci_element* item_at(const uci_option& option, int place);          // nullptr where a list has none
 void remove_from_list(uci_option& option, std::string_view value);  // the option too with its last item
+void remove_item(uci_option& option, int place);                    // the same
 void free_option(uci_option* option);
 
 inline void raise(uci_ptr& ptr, int flag) { ptr.flags = static_cast<decltype(ptr.flags)>(ptr.flags | flag); }

@@ -26,19 +26,26 @@ std::vector<Change> read_delta(const std::string& path) {
   return file ? parse_delta(file.read_all()) : std::vector<Change>();
 }
 
-// Every change to a package that waits in the directories that are only read.
-std::vector<Change> read_extra_deltas(const Context& context, const std::string& package) {
+// Every change to a package that waits: in the directories that are only read, and then in the save directory.
+// There it is the file `saved`, if that is open already.
+std::vector<Change> read_deltas(const Context& context, const std::string& package, const File* saved = nullptr) {
   std::vector<Change> changes;
-  for (const std::string& directory : context.delta_directories) {
-    const std::vector<Change> more = read_delta(std::filesystem::path(directory) / package);
+  uci_element* directory = nullptr;
+  uci_foreach_element(&context.delta_path, directory) {
+    const bool is_open = saved != nullptr && *saved && directory->name == context.save_directory;
+    const std::vector<Change> more =
+        is_open ? parse_delta(saved->read_all()) : read_delta(std::filesystem::path(directory->name) / package);
     changes.insert(changes.end(), more.begin(), more.end());
   }
   return changes;
 }
 
-void apply_saved(Package& package, const std::vector<Change>& changes) {
-  for (const Change& change : changes) apply(package, change);
+// Whether any fits the package.
+bool apply_saved(Package& package, const std::vector<Change>& changes) {
+  bool any = false;
+  for (const Change& change : changes) any = apply(package, change) || any;
   package.saved.insert(package.saved.end(), changes.begin(), changes.end());
+  return any;
 }
 
 OwnedPackage read_package(Context& context, const std::string& name, const File& file) {
@@ -55,8 +62,7 @@ uci_package* load(Context& context, const std::string& name) {
   const File file(path, O_RDONLY, LOCK_SH);
   require(static_cast<bool>(file), UCI_ERR_IO);
   OwnedPackage package = read_package(context, name, file);
-  apply_saved(*package, read_extra_deltas(context, name));
-  apply_saved(*package, read_delta(delta_path(context, name)));
+  apply_saved(*package, read_deltas(context, name));
   return package.release();
 }
 
@@ -75,14 +81,17 @@ void save(const Context& context, Package& package) {
   package.unsaved.clear();
 }
 
-// Takes the changes of an element, a section or a whole package (null names) out of the save directory.
+// Takes the changes of an element, a section or a whole package (null names) out of the save directory. Where there are
+// none, or lines that make no sense, the file stays as it is.
 void drop_changes(const Context& context, const std::string& package, const char* section, const char* option) {
   const File file(delta_path(context, package), O_RDWR | O_APPEND, LOCK_EX);
   if (!file) return;
-  std::vector<Change> changes = parse_delta(file.read_all());
-  std::erase_if(changes, [&](const Change& change) {
+  bool whole = false;
+  std::vector<Change> changes = parse_delta(file.read_all(), &whole);
+  const auto dropped = std::erase_if(changes, [&](const Change& change) {
     return (section == nullptr || change.section == section) && (option == nullptr || change.option == option);
   });
+  if (!whole || dropped == 0) return;
   file.truncate();
   file.write_all(format_delta(package, changes));
 }
@@ -91,7 +100,8 @@ void drop_changes(const Context& context, const std::string& package, const char
 
 int uci_load(uci_context* ctx, const char* name, uci_package** package) {
   return guarded(ctx, [&](Context& context) {
-    require(name != nullptr && is_package_name(name), UCI_ERR_INVAL);
+    require(name != nullptr && *name != '\0', UCI_ERR_INVAL);
+    require(is_package_name(name), UCI_ERR_NOTFOUND);
     uci_package* loaded = load(context, name);
     if (package != nullptr) *package = loaded;
   });
@@ -122,8 +132,7 @@ int uci_commit(uci_context* ctx, uci_package** p, bool overwrite) {
     require(static_cast<bool>(file), UCI_ERR_IO);
     if (!overwrite) save(context, package);
     const File delta(delta_path(context, name), O_RDWR, LOCK_EX);
-    const std::vector<Change> extra = read_extra_deltas(context, name);
-    const std::vector<Change> saved = delta ? parse_delta(delta.read_all()) : std::vector<Change>();
+    bool writes = overwrite;
     if (overwrite) {
       file.replace(path, format_package(package));
       package.unsaved.clear();
@@ -131,14 +140,13 @@ int uci_commit(uci_context* ctx, uci_package** p, bool overwrite) {
     } else {
       // The file may have changed since it was loaded: its present state plus all changes is what counts.
       OwnedPackage current = read_package(context, name, file);
-      apply_saved(*current, extra);
-      apply_saved(*current, saved);
-      if (!current->saved.empty()) file.replace(path, format_package(*current));
+      writes = apply_saved(*current, read_deltas(context, name, &delta));
+      if (writes) file.replace(path, format_package(*current));
       current->saved.clear();
       free_package(&package);
       *p = current.release();
     }
-    if (!saved.empty()) delta.truncate();
+    if (writes && delta) delta.truncate();
   });
 }
 

@@ -31,7 +31,7 @@ std::string shown_value(const uci_option* option, bool is_quoted) {
   return text;
 }
 
-// How `show` names a section: anonymous ones by their type and their place among its sections.
+// How `show` names a package's section: anonymous ones by their type and their place among its sections.
 std::string shown_name(const uci_section* section) {
   if (!section->anonymous) return section->e.name;
   int index = 0;
@@ -44,27 +44,29 @@ std::string shown_name(const uci_section* section) {
   return std::string("@") + section->type + "[" + std::to_string(index) + "]";
 }
 
-void show_option(const uci_section* section, const uci_option* option) {
-  printf("%s.%s.%s=%s\n", section->package->e.name, shown_name(section).c_str(), option->e.name,
-         shown_value(option, true).c_str());
+void show_option(const uci_section* section, const std::string& name, const uci_option* option) {
+  printf("%s.%s.%s=%s\n", section->package->e.name, name.c_str(), option->e.name, shown_value(option, true).c_str());
 }
 
-void show_section(const uci_section* section) {
-  printf("%s.%s=%s\n", section->package->e.name, shown_name(section).c_str(), section->type);
+void show_section(const uci_section* section, const std::string& name) {
+  printf("%s.%s=%s\n", section->package->e.name, name.c_str(), section->type);
   uci_element* option = nullptr;
-  uci_foreach_element(&section->options, option) show_option(section, uci_to_option(option));
+  uci_foreach_element(&section->options, option) show_option(section, name, uci_to_option(option));
 }
 
 void show_package(const uci_package* package) {
-  uci_element* section = nullptr;
-  uci_foreach_element(&package->sections, section) show_section(uci_to_section(section));
+  uci_element* element = nullptr;
+  uci_foreach_element(&package->sections, element) {
+    const uci_section* section = uci_to_section(element);
+    show_section(section, shown_name(section));
+  }
 }
 
 int show(uci_context*, uci_ptr& ptr) {
   if (ptr.o != nullptr) {
-    show_option(ptr.s, ptr.o);
+    show_option(ptr.s, ptr.s->e.name, ptr.o);
   } else if (ptr.s != nullptr) {
-    show_section(ptr.s);
+    show_section(ptr.s, ptr.s->e.name);
   } else {
     show_package(ptr.p);
   }
@@ -72,8 +74,7 @@ int show(uci_context*, uci_ptr& ptr) {
 }
 
 int get(uci_context*, uci_ptr& ptr) {
-  if (ptr.s == nullptr) return UCI_ERR_INVAL;
-  puts(ptr.o != nullptr ? shown_value(ptr.o, false).c_str() : ptr.s->type);
+  if (ptr.s != nullptr) puts(ptr.o != nullptr ? shown_value(ptr.o, false).c_str() : ptr.s->type);
   return UCI_OK;
 }
 
@@ -105,35 +106,37 @@ int changed(uci_context* context, uci_ptr& ptr) {
 
 constexpr int kFailedWithoutMessage = -1;
 
-// Sections and plain options are not deleted by their value.
-int remove(uci_context* context, uci_ptr& ptr) {
-  const bool has_value = ptr.value != nullptr && ptr.value[0] != '\0';
-  const bool is_list = ptr.o != nullptr && ptr.o->type == UCI_TYPE_LIST;
-  return has_value && !is_list ? kFailedWithoutMessage : changed<uci_delete>(context, ptr);
+enum class Value { NONE, WANTED, PLACE, ANY };
+
+// A value that the command has no use for fails it without a word.
+bool is_wrong(Value wanted, const char* value) {
+  if (value == nullptr || wanted == Value::WANTED || wanted == Value::ANY) return false;
+  int place = 0;
+  return wanted == Value::NONE || (value[0] != '\0' && std::sscanf(value, "%d", &place) != 1);
 }
 
 struct Command {
-  int (*run)(uci_context*, uci_ptr&);  // an error of the library, or kFailedWithoutMessage
-  bool needs_value;
+  int (*run)(uci_context*, uci_ptr&);  // an error of the library
+  Value value;
   bool needs_existing;
   bool takes_all;  // without an argument it works on every package
 };
 
 const std::map<std::string, Command> kCommands = {
-    {"get", {get, false, true, false}},
-    {"show", {show, false, true, true}},
-    {"changes", {changes, false, true, true}},
-    {"set", {changed<uci_set>, true, false, false}},
-    {"delete", {remove, false, true, false}},
-    {"add_list", {changed<uci_add_list>, true, false, false}},
-    {"del_list", {changed<uci_del_list>, true, false, false}},
-    {"revert", {revert, false, false, false}},
-    {"commit", {commit, false, true, true}},
+    {"get", {get, Value::NONE, true, false}},
+    {"show", {show, Value::ANY, true, true}},
+    {"changes", {changes, Value::ANY, false, true}},
+    {"set", {changed<uci_set>, Value::WANTED, false, false}},
+    {"delete", {changed<uci_delete>, Value::PLACE, true, false}},
+    {"add_list", {changed<uci_add_list>, Value::WANTED, false, false}},
+    {"del_list", {changed<uci_del_list>, Value::WANTED, false, false}},
+    {"revert", {revert, Value::NONE, false, false}},
+    {"commit", {commit, Value::ANY, false, true}},
 };
 
 class Session {
  public:
-  Session() : context_(uci_alloc_context(), &uci_free_context) {}
+  explicit Session(const char* name) : name_(name), context_(uci_alloc_context(), &uci_free_context) {}
   uci_context* context() const { return context_.get(); }
   void be_quiet() { is_quiet_ = true; }
 
@@ -143,7 +146,7 @@ class Session {
     if (error == UCI_OK) error = run_on(command, ptr);
     if (error == UCI_OK) return 0;
     standin::context_of(context()).error = error;
-    if (!is_quiet_ && error != kFailedWithoutMessage) uci_perror(context(), "uci");
+    if (!is_quiet_ && error != kFailedWithoutMessage) uci_perror(context(), name_);
     return 1;
   }
 
@@ -151,7 +154,7 @@ class Session {
   int run_on_all(const Command& command) const {
     char** names = nullptr;
     if (uci_list_configs(context(), &names) != UCI_OK) {
-      if (!is_quiet_) uci_perror(context(), "uci");
+      if (!is_quiet_) uci_perror(context(), name_);
       return 1;
     }
     const std::unique_ptr<char*, decltype(&free)> owner(names, &free);
@@ -161,11 +164,13 @@ class Session {
 
  private:
   int run_on(const Command& command, uci_ptr& ptr) const {
-    if (command.needs_value && ptr.value == nullptr) return UCI_ERR_INVAL;
+    if (is_wrong(command.value, ptr.value)) return kFailedWithoutMessage;
+    if (command.value == Value::WANTED && ptr.value == nullptr) return UCI_ERR_INVAL;
     if (command.needs_existing && !standin::is_raised(ptr, uci_ptr::UCI_LOOKUP_COMPLETE)) return UCI_ERR_NOTFOUND;
     return command.run(context(), ptr);
   }
 
+  const char* name_;  // of the tool, in its messages
   std::unique_ptr<uci_context, decltype(&uci_free_context)> context_;
   bool is_quiet_ = false;
 };
@@ -183,7 +188,7 @@ int usage() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  Session session;
+  Session session(argv[0]);
   for (int option = 0; (option = getopt(argc, argv, "+c:p:t:q")) != -1;) {
     if (option == 'c') uci_set_confdir(session.context(), optarg);
     if (option == 'p') uci_add_delta_path(session.context(), optarg);

@@ -54,7 +54,8 @@ struct uci_element {
 };
 
 struct uci_context {
-  struct uci_list root; /* the loaded packages */
+  struct uci_list root;       /* the loaded packages */
+  struct uci_list delta_path; /* the directories of changes, the save directory last */
 };
 
 struct uci_package {

@@ -7,16 +7,15 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <stdexcept>
 
 extern "C" {
-#include "libubus.h"
+#include <libubus.h>
 }
 
-namespace standin {
+namespace lab {
 namespace {
 
 bool matches(const Json& when, const Json& request) {
@@ -51,27 +50,25 @@ std::string output_of(const std::string& program, const std::string& argument) {
 }
 
 BusAnswer answer_of(const Json& entry, const Json& request) {
-  if (entry.contains("status")) return {entry["status"].get<int>(), nullptr};
-  if (entry.contains("reply")) return {UBUS_STATUS_OK, entry["reply"]};
+  if (entry.contains("status")) return {entry["status"].get<int>(), {}};
+  if (entry.contains("reply")) return {UBUS_STATUS_OK, {entry["reply"]}};
+  if (entry.contains("replies")) return {UBUS_STATUS_OK, {entry["replies"].begin(), entry["replies"].end()}};
   if (entry.contains("script")) {
     const std::string output = output_of(entry["script"].get<std::string>(), request.dump());
-    return {UBUS_STATUS_OK, output.empty() ? Json() : Json::parse(output)};
+    if (output.empty()) return {UBUS_STATUS_OK, {}};
+    return {UBUS_STATUS_OK, {Json::parse(output)}};
   }
-  return {UBUS_STATUS_OK, entry.contains("when") ? Json() : entry};
+  if (entry.contains("when")) return {UBUS_STATUS_OK, {}};
+  return {UBUS_STATUS_OK, {entry}};
 }
 
 }  // namespace
-
-std::filesystem::path bus_directory() {
-  const char* chosen = std::getenv("KOVA_LAB_BUS");
-  return chosen != nullptr ? chosen : "/etc/lab/bus";
-}
 
 std::optional<std::vector<std::string>> bus_objects() {
   std::vector<std::string> names;
   std::error_code fault;
   const std::filesystem::directory_iterator end;
-  for (std::filesystem::directory_iterator entry(bus_directory(), fault); entry != end; entry.increment(fault)) {
+  for (std::filesystem::directory_iterator entry(kBusDirectory, fault); entry != end; entry.increment(fault)) {
     std::error_code unknown;
     if (entry->is_directory(unknown)) names.push_back(entry->path().filename());
   }
@@ -81,17 +78,17 @@ std::optional<std::vector<std::string>> bus_objects() {
 }
 
 BusAnswer bus_answer(const std::string& object, const std::string& method, const Json& request) {
-  std::ifstream file(bus_directory() / object / (method + ".json"));
-  if (!file) return {UBUS_STATUS_METHOD_NOT_FOUND, nullptr};
+  std::ifstream file(std::filesystem::path(kBusDirectory) / object / (method + ".json"));
+  if (!file) return {UBUS_STATUS_METHOD_NOT_FOUND, {}};
   const Json content = Json::parse(file);
   if (!content.is_array()) {
     const bool other = content.contains("when") && !matches(content["when"], request);
-    return other ? BusAnswer{UBUS_STATUS_NOT_FOUND, nullptr} : answer_of(content, request);
+    return other ? BusAnswer{UBUS_STATUS_NOT_FOUND, {}} : answer_of(content, request);
   }
   for (const Json& entry : content) {
     if (!entry.contains("when") || matches(entry["when"], request)) return answer_of(entry, request);
   }
-  return {UBUS_STATUS_NOT_FOUND, nullptr};
+  return {UBUS_STATUS_NOT_FOUND, {}};
 }
 
-}  // namespace standin
+}  // namespace lab

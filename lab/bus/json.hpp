@@ -1,13 +1,13 @@
 // Messages as JSON: how answers are written down, and how the ubus tool shows and takes them.
 #pragma once
 
+#include <nlohmann/json.hpp>
+
 extern "C" {
 #include <libubox/blobmsg.h>
 }
 
-#include <nlohmann/json.hpp>
-
-namespace standin {
+namespace lab {
 
 using Json = nlohmann::ordered_json;
 
@@ -19,4 +19,4 @@ void add_members(blob_buf& message, const Json& object);
 // A message's attributes (`data`, `length`) as a JSON object. Throws std::runtime_error for a malformed message.
 Json to_json(const void* data, size_t length);
 
-}  // namespace standin
+}  // namespace lab

@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace standin {
+namespace lab {
 namespace {
 
 constexpr std::string_view kInt64Suffix = ":int64";
@@ -102,4 +102,4 @@ Json to_json(const void* data, size_t length) {
   return object;
 }
 
-}  // namespace standin
+}  // namespace lab

@@ -1,0 +1,22 @@
+# The simulated router's own copies of the system's platform libraries and of their tools, which it has in place of the
+# stand-ins: a sandbox sees the build and not where they are installed.
+
+find_program(KOVA_UCI_TOOL uci ${in_prefix} PATH_SUFFIXES bin)
+find_program(KOVA_UBUS_TOOL ubus ${in_prefix} PATH_SUFFIXES bin)
+find_program(KOVA_UBUSD ubusd ${in_prefix} PATH_SUFFIXES sbin)
+find_library(KOVA_BLOBMSG_JSON_LIBRARY blobmsg_json ${in_prefix} PATH_SUFFIXES lib)
+if(KOVA_UCI_TOOL AND KOVA_UBUS_TOOL AND KOVA_UBUSD AND KOVA_BLOBMSG_JSON_LIBRARY AND NOT CMAKE_CROSSCOMPILING)
+  set(KOVA_LAB_PLATFORM TRUE)
+  file(COPY ${KOVA_UCI_TOOL} ${KOVA_UBUS_TOOL} ${KOVA_UBUSD} DESTINATION ${PROJECT_BINARY_DIR}/lab/bin)
+  file(COPY ${platform} ${KOVA_BLOBMSG_JSON_LIBRARY} DESTINATION ${PROJECT_BINARY_DIR}/lab/lib FOLLOW_SYMLINK_CHAIN)
+  set(platform)
+  foreach(library uci ubus ubox)
+    string(TOUPPER ${library} name)
+    get_filename_component(file ${KOVA_${name}_LIBRARY} NAME)
+    list(APPEND platform ${PROJECT_BINARY_DIR}/lab/lib/${file})
+  endforeach()
+  foreach(tool uci ubus)
+    add_executable(${tool}-tool IMPORTED GLOBAL)
+    set_target_properties(${tool}-tool PROPERTIES IMPORTED_LOCATION ${PROJECT_BINARY_DIR}/lab/bin/${tool})
+  endforeach()
+endif()
