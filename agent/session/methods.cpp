@@ -120,6 +120,7 @@ std::string Methods::get_rpc_methods(Methods&, const pugi::xml_node&, pugi::xml_
 std::string Methods::get_names(const pugi::xml_node& request, pugi::xml_node response) {
   const std::string path = required_text(request, "ParameterPath");
   const bool next_level = required_boolean(request, "NextLevel");
+  const Look look(agent_);
   const auto found = tree_.names(path, next_level);
   if (const auto* fault = std::get_if<Fault>(&found)) throw Refused{{*fault}};
   const auto& names = std::get<std::vector<Name>>(found);
