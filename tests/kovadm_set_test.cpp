@@ -209,7 +209,7 @@ TEST_F(Kovadm, OneWaitsForAnother) {
   run("kovadm set --apply Device.LEDs.Enable=0 >/dev/null & until test -e /root/started; do sleep 0.01; done");
   EXPECT_EQ(kovadm("get Device.LEDs.Enable").status, 0);
   for (const char* command : {"set Device.LEDs.Enable=1", "walk Device.LEDs.", "record /root/r", "diff /root/r",
-                              "profiles --live Time", "explain Device.LEDs.Enable=1"}) {
+                              "page /root/p", "profiles --live Time", "explain Device.LEDs.Enable=1"}) {
     const Finished late = kovadm(std::string("--wait 0 ") + command);
     EXPECT_EQ(late.status, 2);
     EXPECT_EQ(late.error, "kovadm: another kovadm is at work on this router; waited 0 s for it\n") << command;

@@ -35,6 +35,7 @@ std::string on_terminal(const char* kind, const char* command) {
 TEST_F(Kovadm, DoesWhatItsPagesShow) {
   expect_examples_of(KOVADM_PAGE);
   expect_examples_of(RECORDINGS_PAGE);
+  expect_examples_of(PAGE_PAGE, 2);
 }
 
 TEST_F(Kovadm, AnExplainedSetLeavesNothingChanged) {

@@ -127,7 +127,7 @@ TEST_F(Kovadm, ARecordingIsItsOwnersAndFollowsNoLink) {
   const std::string good = *contents(RECORDING);
   for (const auto& [command, message] : {std::pair{"record /root/link", "/root/link is a link: name the file itself"},
                                          {"record /root/fifo", "/root/fifo is no plain file: name another one"},
-                                         {"record ''", "a recording needs a file's name"},
+                                         {"record ''", "a file needs a name"},
                                          {"record /root/none/file", "/root/none/file: No such file or directory"}}) {
     const Finished refused = kovadm(std::string(command) + " Device.Users.");
     EXPECT_EQ(refused.status, 2);

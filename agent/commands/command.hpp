@@ -36,6 +36,7 @@ extern const Command kExplain;
 extern const Command kRecord;
 extern const Command kDiff;
 extern const Command kProfiles;
+extern const Command kPage;
 extern const Command kSession;
 
 // What PREFIX stands for, in the commands' help.

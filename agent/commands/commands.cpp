@@ -2,7 +2,7 @@
 
 namespace kovadm {
 
-const std::vector<const Command*> kCommands = {&kList,   &kGet,  &kSet,      &kWalk,   &kExplain,
-                                               &kRecord, &kDiff, &kProfiles, &kSession};
+const std::vector<const Command*> kCommands = {&kList,   &kGet,  &kSet,      &kWalk, &kExplain,
+                                               &kRecord, &kDiff, &kProfiles, &kPage, &kSession};
 
 }  // namespace kovadm

@@ -38,6 +38,9 @@ class Context {
   // The same, and nobody else's calls meet its own: a replay's never do. Throws SetupError after the time to wait.
   Agent& agent_alone();
 
+  // What is replayed, once the agent was asked for; else nullptr.
+  const Recording* recording() const { return recording_ ? &*recording_ : nullptr; }
+
  private:
   CommonOptions options_;
   Output output_;

@@ -4,9 +4,9 @@
 #include <sstream>
 
 #include "commands/command.hpp"
+#include "commands/compared.hpp"
 #include "device/changes.hpp"
-#include "recording/reading.hpp"
-#include "recording/replay.hpp"
+#include "recording/pairs.hpp"
 #include "seam/paths.hpp"
 
 namespace kovadm {
@@ -137,39 +137,9 @@ bool depends_on(const seam::Trace& trace, const Cause& cause) {
          any(trace.walked_packages, [&](auto& package) { return begins_with(cause.name, package, '.'); });
 }
 
-// A parameter's readings in both; nullptr where one has no such instance.
-struct Pair {
-  const Reading* a = nullptr;
-  const Reading* b = nullptr;
+using ReadPair = Pair<Reading>;
 
-  // Between two values of one that does so by itself.
-  bool moved() const {
-    return a != nullptr && b != nullptr && a->value && b->value && !movement(parameter().path).empty();
-  }
-  bool differs() const { return a == nullptr || b == nullptr || a->value != b->value; }
-  const Parameter& parameter() const { return (a != nullptr ? a : b)->parameter; }
-};
-
-// In the order of the first device's, then what only the second has.
-std::vector<Pair> pairs_of(const Device& a, const Device& b) {
-  std::vector<Pair> pairs;
-  std::map<std::string, std::size_t> places;
-  for (const Reading& reading : a.readings()) {
-    places[reading.parameter.path] = pairs.size();
-    pairs.push_back({&reading, nullptr});
-  }
-  for (const Reading& reading : b.readings()) {
-    const auto place = places.find(reading.parameter.path);
-    if (place != places.end()) {
-      pairs[place->second].b = &reading;
-    } else {
-      pairs.push_back({nullptr, &reading});
-    }
-  }
-  return pairs;
-}
-
-std::vector<Cause> causes_of(const Pair& pair, Device& a, Device& b, const std::vector<Cause>& all) {
+std::vector<Cause> causes_of(const ReadPair& pair, Device& a, Device& b, const std::vector<Cause>& all) {
   std::vector<seam::Trace> traces;
   if (pair.a != nullptr) traces.push_back(a.trace_of(pair.parameter()));
   if (pair.b != nullptr) traces.push_back(b.trace_of(pair.parameter()));
@@ -236,7 +206,7 @@ class Teller {
  public:
   explicit Teller(Output& output) : output_(output) { output.document()["differences"] = Json::array(); }
 
-  void tell(const Pair& pair, const std::vector<Cause>& causes) {
+  void tell(const ReadPair& pair, const std::vector<Cause>& causes) {
     std::vector<std::string> lines;
     Json list = Json::array();
     for (const Cause& cause : causes) {
@@ -276,13 +246,6 @@ class Teller {
   int left_out_ = 0;
 };
 
-// The parameters to compare: those that both have.
-std::vector<std::string> common_prefixes(const Recording& a, const Recording& b) {
-  if (a.prefixes == b.prefixes || b.prefixes.empty()) return a.prefixes;
-  if (a.prefixes.empty()) return b.prefixes;
-  throw SetupError("the two recordings are of different parameters");
-}
-
 // What a command or a file says of them is told, too.
 void note_secrets(const Device& device, Redaction& redaction) {
   for (const Reading& reading : device.readings()) {
@@ -295,25 +258,18 @@ struct Options {
   bool all = false;  // what moves by itself, too
 };
 
-int diff(Recording before, Recording after, const std::string& plugin, bool all, Output& output) {
-  const std::vector<std::string> prefixes = common_prefixes(before, after);
-  if (before.with_secrets != after.with_secrets) {
-    for (Recording* recording : {&before, &after}) {
-      Agent agent(plugin, recording->agent, output.to_warn());
-      remove_secrets(agent, *recording, output);
-    }
-  }
-  Device a(std::move(before), plugin, output);
-  Device b(std::move(after), plugin, output);
-  a.read(prefixes, output);
-  b.read(prefixes, output);
+int diff(Compared compared, const std::string& plugin, bool all, Output& output) {
+  Device a(std::move(compared.before), plugin, output);
+  Device b(std::move(compared.after), plugin, output);
+  a.read(compared.prefixes, output);
+  b.read(compared.prefixes, output);
   for (const Device* device : {&a, &b}) note_secrets(*device, output.redaction());
   std::vector<Cause> causes = find_causes(a, b);
   for (Cause& cause : causes) {
     if (cause.is_secret()) redact(cause.before, cause.after, output.redaction());
   }
   Teller teller(output);
-  for (const Pair& pair : pairs_of(a, b)) {
+  for (const ReadPair& pair : pairs_of(a.readings(), b.readings())) {
     if (!pair.differs()) continue;
     if (!all && pair.moved()) {
       teller.leave_out();
@@ -324,19 +280,8 @@ int diff(Recording before, Recording after, const std::string& plugin, bool all,
   return teller.finish();
 }
 
-// A recording made of this router now, as far and as discreet as another one.
-Recording record_like(const Recording& other, Context& context) {
-  Recording recording;
-  recording.prefixes = other.prefixes;
-  make_recording(context.agent_alone(), recording, context.output());
-  return recording;
-}
-
 int run(Context& context, const Options& options) {
-  const std::vector<std::string>& files = options.files;
-  Recording before = read_recording(files.front());
-  Recording after = files.size() == 2 ? read_recording(files.back()) : record_like(before, context);
-  return diff(std::move(before), std::move(after), context.options().plugin, options.all, context.output());
+  return diff(read_compared(context, options.files), context.options().plugin, options.all, context.output());
 }
 
 Run define(CLI::App& line) {

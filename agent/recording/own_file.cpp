@@ -55,7 +55,7 @@ class FileBeside {
 }  // namespace
 
 void expect_to_write(const std::string& path) {
-  if (path.empty()) throw SetupError("a recording needs a file's name");
+  if (path.empty()) throw SetupError("a file needs a name");
   std::error_code missing;
   const fs::file_status there = fs::symlink_status(path, missing);
   if (fs::is_symlink(there)) throw SetupError(path + " is a link: name the file itself");

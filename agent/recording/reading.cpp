@@ -20,22 +20,42 @@ std::optional<std::string> read_secret(Agent& agent, const Parameter& parameter,
   return value;
 }
 
-}  // namespace
-
-std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output,
-                              Secrets* secrets) {
+// Has `take` read each parameter below the prefixes, which tells whether it answered.
+void visit_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output, const Visit& take) {
   Progress progress;
-  const Look look(agent);
-  std::vector<Reading> readings;
+  std::size_t count = 0;
   const auto visit = [&](const Parameter& parameter) {
-    progress.show(std::to_string(readings.size() + 1) + " " + parameter.path);
-    const bool watched = secrets != nullptr && is_secret(*parameter.row);
-    readings.push_back({parameter, watched ? read_secret(agent, parameter, *secrets) : read(agent, parameter)});
-    return readings.back().value.has_value();
+    progress.show(std::to_string(++count) + " " + parameter.path);
+    return take(parameter);
   };
   for (const std::string& prefix : prefixes.empty() ? std::vector<std::string>{""} : prefixes) {
     if (const auto fault = walk(agent, prefix, visit)) output.fault(*fault);
   }
+}
+
+}  // namespace
+
+std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output,
+                              Secrets* secrets) {
+  const Look look(agent);
+  std::vector<Reading> readings;
+  visit_all(agent, prefixes, output, [&](const Parameter& parameter) {
+    const bool watched = secrets != nullptr && is_secret(*parameter.row);
+    readings.push_back({parameter, watched ? read_secret(agent, parameter, *secrets) : read(agent, parameter)});
+    return readings.back().value.has_value();
+  });
+  return readings;
+}
+
+// Without one look at all: what each reads has to be seen.
+std::vector<WatchedReading> watch_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output) {
+  std::vector<WatchedReading> readings;
+  visit_all(agent, prefixes, output, [&](const Parameter& parameter) {
+    std::optional<std::string> value;
+    seam::Trace trace = seam::trace([&] { value = read(agent, parameter); });
+    readings.push_back({{parameter, value}, std::move(trace)});
+    return value.has_value();
+  });
   return readings;
 }
 

@@ -1,4 +1,4 @@
-// Reading all of a device's parameters, for a recording or a comparison.
+// Reading all of a device's parameters, and what each is read from.
 #pragma once
 
 #include <optional>
@@ -8,6 +8,7 @@
 #include "device/agent.hpp"
 #include "output/output.hpp"
 #include "recording/secrets.hpp"
+#include "seam/trace.hpp"
 
 namespace kovadm {
 
@@ -19,5 +20,12 @@ struct Reading {
 // The parameters below the prefixes, all where there is none; what secret ones have read is noted in `secrets`, if
 // there is such. A prefix that is wrong is a fault of the output's.
 std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output, Secrets* secrets);
+
+// The same, with all that each get asked of the platform.
+struct WatchedReading : Reading {
+  seam::Trace trace;
+};
+
+std::vector<WatchedReading> watch_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output);
 
 }  // namespace kovadm

@@ -7,8 +7,6 @@
 #include "recording/reading.hpp"
 
 namespace kovadm {
-namespace {
-
 std::string now() {
   const std::time_t time = std::time(nullptr);
   std::tm utc = {};
@@ -17,8 +15,6 @@ std::string now() {
   std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc);
   return text;
 }
-
-}  // namespace
 
 Recording read_recording(const std::string& file) {
   std::ifstream stream(file, std::ios::binary);

@@ -11,6 +11,9 @@
 
 namespace kovadm {
 
+// "2026-01-31T12:00:00Z", as recordings have it.
+std::string now();
+
 // Reads a recording's file. Throws SetupError.
 Recording read_recording(const std::string& file);
 

@@ -31,8 +31,8 @@ Finished kovadm(const std::string& arguments);
 // Puts a script of the shell in a program's place.
 void script_is(const std::string& path, const std::string& text);
 
-// Runs the examples of a page, each on a router in factory state, and expects what it shows.
-void expect_examples_of(const char* file);
+// Runs the examples of a page, at least so many, each on a router in factory state, and expects what it shows.
+void expect_examples_of(const char* file, int least = 6);
 
 class Kovadm : public DeviceTest {
  protected:
