@@ -100,7 +100,7 @@ class BusAnswers : public testing::Test {
     uint32_t id = 0;
     EXPECT_EQ(ubus_lookup_id(bus, "loop", &id), UBUS_STATUS_NOT_FOUND);
     EXPECT_EQ(ubus_lookup_id(bus, "object", &id), UBUS_STATUS_OK);
-    EXPECT_EQ(ubus_invoke(bus, id + 1, "method", nullptr, nullptr, nullptr, 3000), UBUS_STATUS_NOT_FOUND);
+    EXPECT_EQ(ubus_invoke(bus, id + 1000, "method", nullptr, nullptr, nullptr, 3000), UBUS_STATUS_NOT_FOUND);
     EXPECT_EQ(ubus_invoke(bus, id, "other", nullptr, nullptr, nullptr, 3000), UBUS_STATUS_METHOD_NOT_FOUND);
     Message request;
     blobmsg_add_string(&request.buffer, "text", text);

@@ -213,18 +213,17 @@ TEST_F(Vanishing, AnObjectThatGoesOrDoesNotAnswerIsTheBussErrorCode) {
 #ifdef KOVA_STANDINS
   GTEST_SKIP() << "the stand-ins' bus has no daemon that could be stopped";
 #endif
-  then_ = "true";
-  interface_answers("{}");
-  EXPECT_EQ(interface(INTERFACE_UP).result, 0);
-  then_ = "kill -STOP $(cat /var/run/ubus/lab-bus.pid)";
-  EXPECT_EQ(interface(INTERFACE_UP), (Answer{UBUS_STATUS_TIMEOUT, kUntouched}));
-  EXPECT_EQ(::system("kill -CONT $(cat /var/run/ubus/lab-bus.pid)"), 0);
   then_ = "kill -KILL $(cat /var/run/ubus/ubusd.pid)";
+  interface_answers("{}");
   EXPECT_NE(interface(INTERFACE_UP).result, 0);
   then_ = "true";
   run("rm -r /etc/lab/bus/network.interface.test");
   interface_answers(R"({"up": true})");
   EXPECT_EQ(interface(INTERFACE_UP), answered("1"));
+  if (!has_network()) GTEST_SKIP() << "proot stops no process";
+  then_ = "kill -STOP $(cat /var/run/ubus/lab-bus.pid)";
+  EXPECT_EQ(interface(INTERFACE_UP), (Answer{UBUS_STATUS_TIMEOUT, kUntouched}));
+  EXPECT_EQ(::system("kill -CONT $(cat /var/run/ubus/lab-bus.pid)"), 0);
 }
 
 TEST_F(Bus, ACallHandsTheReplyAndItsContextOver) {
