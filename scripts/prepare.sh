@@ -10,7 +10,7 @@ fail() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev pkgconf
-  libcurl4-openssl-dev libpugixml-dev libmicrohttpd-dev) # the last three for kovadm session
+  libcurl4-openssl-dev libpugixml-dev libmicrohttpd-dev) # the last three for kovadm session, and export
 LAB_PACKAGES=(bubblewrap proot busybox-static lua5.1 iproute2 socat)
 TEST_PACKAGES=(libgtest-dev libbenchmark-dev valgrind chromium python3)
 PROCESSOR_PACKAGES=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf g++-mips-linux-gnu g++-mipsel-linux-gnu

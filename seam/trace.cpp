@@ -28,6 +28,19 @@ std::string package_name(const uci_package& package) {
   return path.starts_with(std::string(kMainStore) + "/") || path.empty() ? package.e.name : path;
 }
 
+// ---- Commands ----
+
+// Whether there is something to read. Waits for it, as a handler does that has a pipe.
+bool has_text(FILE* pipe) {
+  const int first = std::getc(pipe);
+  if (first == EOF) {
+    std::clearerr(pipe);
+    return false;
+  }
+  std::ungetc(first, pipe);
+  return true;
+}
+
 // ---- Bus ----
 
 std::string status_text(int status) { return status == 0 ? "" : " (status " + std::to_string(status) + ")"; }
@@ -52,12 +65,26 @@ class Observer final : public Platform {
   FILE* popen(const char* command, const char* mode) override {
     trace_.commands.emplace_back(command);
     ++trace_.asked[command];
-    return Platform::popen(command, mode);
+    FILE* pipe = Platform::popen(command, mode);
+    if (pipe != nullptr) {
+      pipes_[pipe] = trace_.ends.size();
+      trace_.ends.push_back({command, 0, has_text(pipe)});
+    } else {
+      trace_.ends.push_back({command, -1, false});
+    }
+    return pipe;
+  }
+  int pclose(FILE* pipe) override {
+    const int status = Platform::pclose(pipe);
+    if (const auto known = pipes_.extract(pipe)) trace_.ends[known.mapped()].status = status;
+    return status;
   }
   int system(const char* command) override {
     trace_.commands.emplace_back(command);
     trace_.started.emplace_back(command);
-    return Platform::system(command);
+    const int status = Platform::system(command);
+    trace_.ends.push_back({command, status, true});
+    return status;
   }
 
   FILE* fopen(const char* path, const char* mode) override {
@@ -80,10 +107,14 @@ class Observer final : public Platform {
     Platform::vsyslog(priority, format, arguments);
   }
 
+  int uci_set_confdir(uci_context* context, const char* directory) override {
+    directories_[context] = directory;
+    return Platform::uci_set_confdir(context, directory);
+  }
   int uci_load(uci_context* context, const char* name, uci_package** package) override {
     const int result = Platform::uci_load(context, name, package);
     if (result != UCI_OK) {
-      trace_.look_ups.push_back({name, std::nullopt, result == UCI_ERR_PARSE});
+      trace_.look_ups.push_back({missing_package(context, name), std::nullopt, result == UCI_ERR_PARSE});
     } else {
       packages_[*package] = {context, package_name(**package)};
       ++trace_.asked[package_name(**package)];
@@ -96,6 +127,7 @@ class Observer final : public Platform {
   }
   void uci_free_context(uci_context* context) override {
     leave_packages([&](const auto&, const LoadedPackage& loaded) { return loaded.context == context; });
+    directories_.erase(context);
     Platform::uci_free_context(context);
   }
   int uci_lookup_next(uci_context* context, uci_element** element, uci_list* list, const char* name) override {
@@ -104,6 +136,11 @@ class Observer final : public Platform {
     return result;
   }
 
+  ubus_context* ubus_connect(const char* socket) override {
+    ubus_context* bus = Platform::ubus_connect(socket);
+    if (bus == nullptr) trace_.bus_calls.emplace_back(kNoBus);
+    return bus;
+  }
   int ubus_lookup_id(ubus_context* bus, const char* object, uint32_t* id) override {
     const int status = Platform::ubus_lookup_id(bus, object, id);
     if (status == 0) {
@@ -134,6 +171,13 @@ class Observer final : public Platform {
     });
   }
 
+  // A package by its file, where that is not in the main store.
+  std::string missing_package(uci_context* context, const std::string& name) const {
+    const auto directory = directories_.find(context);
+    const bool is_main = directory == directories_.end() || directory->second == kMainStore;
+    return is_main ? name : directory->second + "/" + name;
+  }
+
   // A name that was looked up in a list, and what was found there; nullptr for nothing.
   void look_up(const uci_list* list, const char* name, uci_element* found) {
     for (auto& [package, loaded] : packages_) {
@@ -155,6 +199,8 @@ class Observer final : public Platform {
 
   Trace trace_;
   std::map<const uci_package*, LoadedPackage> packages_;
+  std::map<uci_context*, std::string> directories_;
+  std::map<FILE*, std::size_t> pipes_;  // the ends of their commands
   std::map<uint32_t, std::string> bus_objects_;
 };
 

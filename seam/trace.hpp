@@ -26,11 +26,19 @@ struct FileUse {
   std::string finding;  // "exists", "cannot be opened", ...; may be empty
 };
 
+// A command that ended.
+struct CommandEnd {
+  std::string command;
+  int status;    // as wait() tells it; -1: could not be run
+  bool printed;  // something that the handler could read, where it reads it
+};
+
 struct Trace {
   std::vector<LookUp> look_ups;
   std::vector<std::string> walked_packages;  // searched section by section instead of by name
   std::vector<std::string> commands;
-  std::vector<std::string> started;    // those of the commands whose output is not read
+  std::vector<std::string> started;  // those of the commands whose output is not read
+  std::vector<CommandEnd> ends;
   std::vector<FileUse> files;          // opened or tested
   std::vector<std::string> bus_calls;  // object, method, message
   std::map<std::string, int> asked;    // packages, commands read and bus calls, and how often
@@ -40,6 +48,9 @@ struct Trace {
 
 // Calls `work` with the debug log on, observing. Calls must not nest.
 Trace trace(const std::function<void()>& work);
+
+// Among the calls of the bus: there is no way to it.
+inline constexpr char kNoBus[] = "(no connection)";
 
 // A message of the bus for people: " NAME=VALUE" for each field.
 std::string message_text(blob_attr* message);

@@ -78,7 +78,7 @@ TEST_F(Kovadm, WhatMovesByItselfIsNoDifference) {
   run("sleep 1");
   const json moved = kovadm("diff --json " RECORDING).document();
   EXPECT_EQ(moved["differences"], json::array());
-  EXPECT_GT(moved["left_out"], 10);
+  EXPECT_GE(moved["left_out"], 4);  // the clocks of both trees; counters move where there is traffic
   EXPECT_EQ(kovadm("diff --all --json " RECORDING).document()["left_out"], 0);
 }
 

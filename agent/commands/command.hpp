@@ -32,11 +32,13 @@ extern const Command kList;
 extern const Command kGet;
 extern const Command kSet;
 extern const Command kWalk;
+extern const Command kCheck;
 extern const Command kExplain;
 extern const Command kRecord;
 extern const Command kDiff;
 extern const Command kProfiles;
 extern const Command kPage;
+extern const Command kExport;
 extern const Command kSession;
 
 // What PREFIX stands for, in the commands' help.

@@ -2,7 +2,7 @@
 
 namespace kovadm {
 
-const std::vector<const Command*> kCommands = {&kList,   &kGet,  &kSet,      &kWalk, &kExplain,
-                                               &kRecord, &kDiff, &kProfiles, &kPage, &kSession};
+const std::vector<const Command*> kCommands = {&kList,   &kGet,  &kSet,      &kWalk,   &kCheck, &kExplain,
+                                               &kRecord, &kDiff, &kProfiles, &kExport, &kPage,  &kSession};
 
 }  // namespace kovadm

@@ -76,6 +76,12 @@ Words profile_names() {
   return {names.begin(), names.end()};
 }
 
+Words tree_names() {
+  Words names;
+  for (const Node& root : data_model().children) names.push_back(root.name);
+  return names;
+}
+
 // What the command's positional argument is called in its help.
 std::string argument_of(const CLI::App& command) {
   for (const CLI::Option* option : command.get_options()) {
@@ -88,6 +94,7 @@ std::string argument_of(const CLI::App& command) {
 Words arguments(const std::string& called, const std::string& typed) {
   if (called.starts_with("PATH") || called == "PREFIX") return paths(typed, called.ends_with("=VALUE"));
   if (called == "NAME") return that_begin_with(typed, profile_names());
+  if (called == "TREE") return that_begin_with(typed, tree_names());
   return {};
 }
 

@@ -41,6 +41,11 @@ class Context {
   // What is replayed, once the agent was asked for; else nullptr.
   const Recording* recording() const { return recording_ ? &*recording_ : nullptr; }
 
+  // The beginnings of paths that a command is about: those that were given, or else the replayed recording's.
+  std::vector<std::string> prefixes(const std::vector<std::string>& given) const {
+    return given.empty() && recording_ ? recording_->prefixes : given;
+  }
+
  private:
   CommonOptions options_;
   Output output_;

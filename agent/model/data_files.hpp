@@ -1,4 +1,5 @@
-// The data files that kovadm has in it: profiles.tsv, access-differences.tsv, shell-ways.tsv and moving.tsv.
+// The data files that kovadm has in it: profiles.tsv, access-differences.tsv, extensions.tsv, set-commands.tsv,
+// shell-ways.tsv and moving.tsv.
 #pragma once
 
 #include <string>
@@ -8,6 +9,8 @@ namespace kovadm {
 
 extern const char kProfileTable[];
 extern const char kAccessDifferenceTable[];
+extern const char kExtensionTable[];
+extern const char kSetCommandTable[];
 extern const char kShellWayTable[];
 extern const char kMovingTable[];
 

@@ -85,7 +85,11 @@ template <typename Run>
 CommandAnswer watch(RecordedPlatform::Source source, Run run) {
   const seam::Texts start = seam::kept_files(seam::machine());
   CommandAnswer answer;
-  run(answer);
+  {
+    seam::CaughtOutput errors({STDERR_FILENO});
+    run(answer);
+    answer.errors = errors.take().substr(0, kMost);
+  }
   for (const auto& [path, before, after] : seam::differences(start, seam::kept_files(seam::machine()))) {
     if (link_to(path).empty()) answer.changed[path] = after;
     if (source == RecordedPlatform::Source::TRIAL) put_back(path, before);
@@ -199,6 +203,7 @@ const CommandAnswer* RecordedPlatform::answer(const std::string& command,
     found = recording_.commands.emplace(command, ask(source_, command)).first;
   }
   apply(found->second);
+  write_all(STDERR_FILENO, found->second.errors);
   return &found->second;
 }
 

@@ -34,6 +34,7 @@ Json files_to_json(const Files& files) { return map_to_json(files, bytes_to_json
 
 Json command_to_json(const CommandAnswer& answer) {
   Json object = {{"status", answer.status}, {"output", bytes_to_json(answer.output)}};
+  if (!answer.errors.empty()) object["errors"] = bytes_to_json(answer.errors);
   if (!answer.changed.empty()) object["changed"] = map_to_json(answer.changed, optional_bytes);
   return object;
 }
@@ -100,6 +101,7 @@ CommandAnswer command_of(const Json& object, const std::string& command) {
   CommandAnswer answer;
   answer.status = status_of(object, command);
   answer.output = bytes_of(object.value("output", Json("")), command);
+  answer.errors = bytes_of(object.value("errors", Json("")), command);
   const Json changed = object.value("changed", Json::object());
   need(changed.is_object(), command + " has changed no files");
   for (const auto& [path, text] : changed.items()) {

@@ -21,7 +21,8 @@ using Files = std::map<std::string, std::string>;  // by name or path: what is i
 
 struct CommandAnswer {
   std::string output;
-  int status = 0;  // as the shell tells it; -1: could not be run
+  std::string errors;  // on standard error
+  int status = 0;      // as the shell tells it; -1: could not be run
   // Files in the kept directories, by path, as they were afterwards; nothing: gone.
   std::map<std::string, std::optional<std::string>> changed;
 

@@ -4,9 +4,24 @@
 #include <fstream>
 #include <sstream>
 
+#include "device/causes.hpp"
 #include "recording/reading.hpp"
 
 namespace kovadm {
+namespace {
+
+// Has a replay know what a check asks beside the gets.
+void look_for_needs(const Recording& recording) {
+  std::vector<std::string> lines;
+  for (const auto& [command, answer] : recording.commands) lines.push_back(command);
+  for (const auto& [path, commands] : set_commands(recording.prefixes))
+    lines.insert(lines.end(), commands.begin(), commands.end());
+  Inventory inventory;
+  for (const std::string& line : lines) causes_of_commands({line}, inventory);
+}
+
+}  // namespace
+
 std::string now() {
   const std::time_t time = std::time(nullptr);
   std::tm utc = {};
@@ -38,6 +53,7 @@ Made make_recording(Agent& agent, Recording& recording, Output& output) {
   Secrets secrets;
   Made made;
   made.parameters = read_all(agent, recording.prefixes, output, recording.with_secrets ? nullptr : &secrets).size();
+  look_for_needs(recording);
   made.left_out = platform.left_out();
   if (!recording.with_secrets) made.replaced = secrets.replace_in(recording);
   return made;

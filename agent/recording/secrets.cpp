@@ -100,6 +100,7 @@ std::set<std::string> Secrets::replace_in(Recording& recording) {
     for (const std::string& value : outputs_[command]) found |= replace_secret(answer.output, value);
     if (found) replaced.insert("command " + command);
     answer.output = without_values(answer.output, "command " + command, replaced);
+    answer.errors = without_values(answer.errors, "command " + command, replaced);
   }
   for (auto& [path, text] : recording.files) {
     if (text) text = without_values(*text, "file " + path, replaced);

@@ -6,6 +6,7 @@
 namespace kova::documents {
 
 void write_parameters(std::ostream& out);
+void write_set_commands(std::ostream& out);
 void write_invalid_values(std::ostream& out);
 void write_security(std::ostream& out);
 void write_shell_ways(std::ostream& out);

@@ -36,6 +36,7 @@ int main(int argc, char** argv) try {
     return 77;
   }
   write(std::string(argv[1]) + "/parameters.md", kova::documents::write_parameters);
+  write(std::string(argv[1]) + "/set-commands.tsv", kova::documents::write_set_commands);
   write(std::string(argv[1]) + "/invalid-values.md", kova::documents::write_invalid_values);
   write(std::string(argv[1]) + "/security.md", kova::documents::write_security);
   write(std::string(argv[1]) + "/shell-ways.tsv", kova::documents::write_shell_ways);

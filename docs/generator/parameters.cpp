@@ -99,9 +99,25 @@ std::string get_cell(Agents& agents, const Row& row) {
   return text_cell(agents.usual, row, *reading.value);
 }
 
-std::string set_cell(Agent& agent, const Row& row) {
+using AllEffects = std::map<const Row*, std::optional<Effects>>;
+
+// What a set of each row does that can be set.
+const AllEffects& all_effects() {
+  static const AllEffects all = [] {
+    AllEffects effects;
+    Agent agent("", {});
+    reset_router();
+    for (const Row& row : catalogue()) {
+      if (row.access == Access::READ_WRITE) effects[&row] = accepted_set(agent, row);
+    }
+    return effects;
+  }();
+  return all;
+}
+
+std::string set_cell(const Row& row) {
   if (row.access == Access::READ_ONLY) return "";
-  const auto effects = accepted_set(agent, row);
+  const auto& effects = all_effects().at(&row);
   if (!effects) return "refuses what was tried";
   if (effects->none()) return "accepts and ignores";
   std::vector<std::string> cells = {code(effects->value)};
@@ -148,8 +164,22 @@ void write_parameters(std::ostream& out) {
     out << "\n## " << objects << "\n\n" << kColumns;
     for (const Row* row : tables[objects])
       out << "| " << split_path(row->paths.front()).back() << " | " << to_text(row->access) << " | "
-          << to_text(row->type) << " | " << code(row->handler) << " | " << gets[row] << " | "
-          << set_cell(agents.usual, *row) << " |\n";
+          << to_text(row->type) << " | " << code(row->handler) << " | " << gets[row] << " | " << set_cell(*row)
+          << " |\n";
+  }
+}
+
+void write_set_commands(std::ostream& out) {
+  out << "# What sets run, or record for the agent to run: parameter, command line. Written with docs/parameters.md.\n";
+  for (const Row& row : catalogue()) {
+    const auto effects = all_effects().find(&row);
+    if (effects == all_effects().end() || !effects->second) continue;
+    const Commands& commands = effects->second->commands;
+    for (const std::string& path : row.paths) {
+      for (const auto* lines : {&commands.run, &commands.recorded}) {
+        for (const std::string& line : *lines) out << path << '\t' << line << '\n';
+      }
+    }
   }
 }
 

@@ -34,7 +34,7 @@ void script_is(const std::string& path, const std::string& text) {
   run("chmod 755 " + path);
 }
 
-void expect_examples_of(const char* file, int least) {
+void expect_examples_of(const std::string& file, int least) {
   std::istringstream page(*contents(file));
   const std::string indent = "    ";
   const std::string prompt = indent + "$ ";

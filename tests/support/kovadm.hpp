@@ -32,7 +32,7 @@ Finished kovadm(const std::string& arguments);
 void script_is(const std::string& path, const std::string& text);
 
 // Runs the examples of a page, at least so many, each on a router in factory state, and expects what it shows.
-void expect_examples_of(const char* file, int least = 6);
+void expect_examples_of(const std::string& file, int least = 6);
 
 class Kovadm : public DeviceTest {
  protected:
