@@ -49,8 +49,7 @@ static int get(parameter_handler handler, const int32_t* numbers, char* output) 
   int32_t instances[MOST_INSTANCES + 1];
   memcpy(instances, numbers, sizeof instances);
   *output = '\0';
-  if (handler == NULL || call(handler, 0, instances, output, &agent) != 0)
-    return fputs("agent: no such row\n", stderr), 1;
+  if (call(handler, 0, instances, output, &agent) != 0) return fputs("agent: no such row\n", stderr), 1;
   puts(output);
   return 0;
 }
@@ -65,7 +64,9 @@ static int get_all(void* plugin, char* handlers, const int32_t* instances) {
   if (output == NULL) return perror("agent"), 2;
   begin();
   for (char* name = strtok(handlers, ","); name != NULL; name = strtok(NULL, ",")) {
-    if (get((parameter_handler)dlsym(plugin, name), instances, output) != 0) status = 1;
+    const parameter_handler handler = (parameter_handler)dlsym(plugin, name);
+    if (handler == NULL) fprintf(stderr, "agent: no handler %s\n", name);
+    if (handler == NULL || get(handler, instances, output) != 0) status = 1;
   }
   end();
   return status;

@@ -61,7 +61,7 @@ TEST_F(Kovadm, ExportsTellOfTheSameParameters) {
   EXPECT_EQ(kovadm("export Nothing").status, 2);
 }
 
-TEST_F(Kovadm, ExportsDoWhatTheirPageShows) { expect_examples_of(EXPORT_PAGE); }
+TEST_F(Kovadm, ExportsDoWhatTheirPageShows) { expect_examples_of(EXPORT_PAGE, 4); }
 
 }  // namespace
 }  // namespace kova::test

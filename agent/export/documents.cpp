@@ -122,8 +122,8 @@ void add_syntax(pugi::xml_node parameter, Type type) {
 // Of the text: the same for the same document, and for no other.
 std::string identity_of(const std::string& text) {
   uint64_t halves[] = {0xcbf29ce484222325, 0x84222325cbf29ce4};
-  for (const unsigned char letter : text) {
-    for (uint64_t& half : halves) half = (half ^ letter) * 0x100000001b3;
+  for (const char letter : text) {
+    for (uint64_t& half : halves) half = (half ^ static_cast<unsigned char>(letter)) * 0x100000001b3;
   }
   char digits[33] = {};
   std::snprintf(digits, sizeof digits, "%016llx%016llx", static_cast<unsigned long long>(halves[0]),
