@@ -61,7 +61,7 @@ TEST_F(Kovadm, EachProgramPackageFileAndObjectIsToldAsItself) {
     const std::string program = line.substr(11);
     removed.insert(program);
     EXPECT_EQ(missing_without(whole,
-                              [&](json& recording) {
+                              [&, &line = line](json& recording) {
                                 recording["commands"][line]["status"] = 127;
                                 fail_commands(recording, program, "sh: " + program + ": not found\n", 127);
                               }),
@@ -71,7 +71,7 @@ TEST_F(Kovadm, EachProgramPackageFileAndObjectIsToldAsItself) {
     EXPECT_TRUE(removed.contains(program)) << program;
   const std::set<std::string> unused = {"cloud_config"};
   for (const auto& [package, text] : whole["directories"]["/etc/config"].items()) {
-    const Causes missing = missing_without(whole, [&](json& recording) {
+    const Causes missing = missing_without(whole, [&, &package = package](json& recording) {
       recording["directories"]["/etc/config"].erase(package);
       fail_commands(recording, "uci", "uci: Entry not found\n", 1);
     });
@@ -79,13 +79,13 @@ TEST_F(Kovadm, EachProgramPackageFileAndObjectIsToldAsItself) {
   }
   for (const auto& [path, there] : whole["tested"].items()) {
     if (!there) continue;
-    EXPECT_EQ(missing_without(whole, [&](json& recording) { recording["tested"][path] = false; }),
+    EXPECT_EQ(missing_without(whole, [&path = path](json& recording) { recording["tested"][path] = false; }),
               Causes{"file " + path});
   }
   for (const auto& [object, answer] : whole["bus"].items()) {
     if (object.find_first_of(" (") != std::string::npos) continue;
     EXPECT_EQ(missing_without(whole,
-                              [&](json& recording) {
+                              [&object = object](json& recording) {
                                 recording["bus"][object] = {{"status", 4}};
                               }),
               Causes{"bus " + object});

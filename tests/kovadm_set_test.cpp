@@ -200,6 +200,9 @@ TEST_F(Kovadm, ToldSecretsAreNone) {
     EXPECT_NE(told.find("(secret)"), std::string::npos) << command;
     EXPECT_EQ(lines.status, kovadm("--show-secrets " + command).status) << command;
   }
+  configure("wireless.wlan00.key", "0");  // as numbers of the document are, too
+  EXPECT_EQ(kovadm("--json explain " + key).document()["instances"], (json{1, 0, 0, 0, 0}));
+  kovadm("set " + key + "=a-long-secret");
   EXPECT_EQ(kovadm("--show-secrets get " + key).out, key + " = a-long-secret\n");
 }
 

@@ -73,7 +73,7 @@ Output::Output(bool json, bool show_secrets)
     : json_(json), redaction_(show_secrets), file_(open_standard_output()), commands_({STDOUT_FILENO}) {}
 
 void Output::put(const std::string& text) {
-  if (!put_line(file_.get(), redaction_.text(text)) && lost_ == 0) lost_ = errno;
+  if (!put_line(file_.get(), text) && lost_ == 0) lost_ = errno;
 }
 
 void Output::complain(const std::string& text) const {
@@ -85,7 +85,7 @@ void Output::take_printed() {
   printed_ += text;
   if (json_) return;
   std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) put("printed: " + one_line(line));
+  for (std::string line; std::getline(stream, line);) put(redaction_.text("printed: " + one_line(line)));
 }
 
 // Not at once: while it is found out, what is written to standard error may be caught.
@@ -99,7 +99,7 @@ void Output::tell_notes() {
 void Output::line(const std::string& text) {
   take_printed();
   tell_notes();
-  if (!json_) put(text);
+  if (!json_) put(redaction_.text(text));
 }
 
 void Output::value(const std::string& path, const std::string& value) {
