@@ -59,11 +59,12 @@ static int get_all(void* plugin, char* handlers, const int32_t* instances) {
   void (*const begin)(void) = (void (*)(void))dlsym(plugin, "kova_look_begin");
   void (*const end)(void) = (void (*)(void))dlsym(plugin, "kova_look_end");
   char* const output = make_output();
+  char* rest = NULL; /* strtok's own place may be used by the libraries meanwhile */
   int status = 0;
   if (begin == NULL || end == NULL) return fputs("agent: the plug-in cannot take one look\n", stderr), 2;
   if (output == NULL) return perror("agent"), 2;
   begin();
-  for (char* name = strtok(handlers, ","); name != NULL; name = strtok(NULL, ",")) {
+  for (char* name = strtok_r(handlers, ",", &rest); name != NULL; name = strtok_r(NULL, ",", &rest)) {
     const parameter_handler handler = (parameter_handler)dlsym(plugin, name);
     if (handler == NULL) fprintf(stderr, "agent: no handler %s\n", name);
     if (handler == NULL || get(handler, instances, output) != 0) status = 1;
