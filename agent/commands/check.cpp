@@ -20,17 +20,17 @@ struct Affected {
 using Report = std::map<Cause, std::vector<Affected>>;
 
 // What the gets below the prefixes lack.
-void check_gets(const std::vector<WatchedReading>& readings, Inventory& inventory, Output& output, Report& report) {
+void check_gets(const std::vector<WatchedReading>& readings, Output& output, Report& report) {
   for (const auto& reading : readings) {
     std::optional<std::string> told = reading.value;
     if (told && is_secret(*reading.parameter.row)) told = output.redaction().secret(*told);
-    for (const Cause& cause : causes_of(reading.parameter, reading.value, reading.trace, inventory))
-      report[cause].push_back({reading.parameter.path, false, told});
+    for (const Cause& cause : reading.causes) report[cause].push_back({reading.parameter.path, false, told});
   }
 }
 
 // What sets lack, which are not called.
-void check_sets(const std::vector<std::string>& prefixes, Inventory& inventory, Report& report) {
+void check_sets(const std::vector<std::string>& prefixes, Report& report) {
+  Inventory inventory;
   for (const auto& [path, commands] : set_commands(prefixes)) {
     for (const Cause& cause : causes_of_commands(commands, inventory)) report[cause].push_back({path, true, {}});
   }
@@ -103,10 +103,9 @@ void tell_extent(const std::vector<std::string>& prefixes, const std::vector<Wat
 
 int check(Agent& agent, const std::vector<std::string>& prefixes, Output& output) {
   const std::vector<WatchedReading> readings = watch_all(agent, prefixes, output);
-  Inventory inventory;
   Report report;
-  check_gets(readings, inventory, output, report);
-  check_sets(prefixes, inventory, report);
+  check_gets(readings, output, report);
+  check_sets(prefixes, report);
   output.document() = {{"missing", Json::array()}, {"odd", Json::array()}};
   tell(report, output);
   tell_extent(prefixes, readings, output);

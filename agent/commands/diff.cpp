@@ -15,7 +15,7 @@ namespace {
 using Text = std::optional<std::string>;
 
 // Something that differs between two devices, and may explain why a parameter does.
-struct Cause {
+struct Difference {
   std::string kind;  // "option", "command", "file" or "bus"
   std::string name;
   Text before;
@@ -77,7 +77,7 @@ void for_each_difference(const Map& some, const Map& others, Add add) {
 }
 
 // As explanations name options.
-void add_options(Device& a, Device& b, std::vector<Cause>& causes) {
+void add_options(Device& a, Device& b, std::vector<Difference>& causes) {
   const seam::Texts before = a.stores();
   for (const Change& change : changes(before, b.stores(), before)) {
     if (change.store == "store") causes.push_back({"option", change.path, change.before, change.after, ""});
@@ -105,8 +105,8 @@ std::map<std::string, std::string> fields_of(const BusAnswer* answer) {
   return fields;
 }
 
-std::vector<Cause> find_causes(Device& a, Device& b) {
-  std::vector<Cause> causes;
+std::vector<Difference> find_causes(Device& a, Device& b) {
+  std::vector<Difference> causes;
   add_options(a, b, causes);
   for_each_difference(a.recording().commands, b.recording().commands, [&](auto& name, auto* before, auto* after) {
     causes.push_back({"command", name, output_of(before), output_of(after), ""});
@@ -128,7 +128,7 @@ bool begins_with(const std::string& text, const std::string& start, char end) {
   return text.starts_with(start) && (text.size() == start.size() || text[start.size()] == end);
 }
 
-bool depends_on(const seam::Trace& trace, const Cause& cause) {
+bool depends_on(const seam::Trace& trace, const Difference& cause) {
   const auto any = [](const auto& list, auto test) { return std::any_of(list.begin(), list.end(), test); };
   if (cause.kind == "command") return any(trace.commands, [&](auto& command) { return command == cause.name; });
   if (cause.kind == "file") return any(trace.files, [&](auto& file) { return file.path == cause.name; });
@@ -139,12 +139,12 @@ bool depends_on(const seam::Trace& trace, const Cause& cause) {
 
 using ReadPair = Pair<Reading>;
 
-std::vector<Cause> causes_of(const ReadPair& pair, Device& a, Device& b, const std::vector<Cause>& all) {
+std::vector<Difference> causes_of(const ReadPair& pair, Device& a, Device& b, const std::vector<Difference>& all) {
   std::vector<seam::Trace> traces;
   if (pair.a != nullptr) traces.push_back(a.trace_of(pair.parameter()));
   if (pair.b != nullptr) traces.push_back(b.trace_of(pair.parameter()));
-  std::vector<Cause> causes;
-  for (const Cause& cause : all) {
+  std::vector<Difference> causes;
+  for (const Difference& cause : all) {
     if (std::any_of(traces.begin(), traces.end(), [&](const seam::Trace& trace) { return depends_on(trace, cause); }))
       causes.push_back(cause);
   }
@@ -178,7 +178,7 @@ std::vector<std::string> lines_of(const Text& text) {
 }
 
 // Of texts of several lines, the first lines that differ.
-std::string cause_text(const Cause& cause) {
+std::string cause_text(const Difference& cause) {
   std::string text = cause.kind + " " + one_line(cause.name + (cause.field.empty() ? "" : " " + cause.field)) + ": ";
   const std::vector<std::string> before = lines_of(cause.before);
   const std::vector<std::string> after = lines_of(cause.after);
@@ -193,7 +193,7 @@ Json json_of(const Text& text) { return text ? Json(*text) : Json(); }
 
 Text value_of(const Reading* reading) { return reading != nullptr ? reading->value : std::nullopt; }
 
-Json json_of(const Cause& cause) {
+Json json_of(const Difference& cause) {
   Json json = {{"kind", cause.kind}, {"name", cause.name}};
   if (!cause.field.empty()) json["field"] = cause.field;
   json["before"] = json_of(cause.before);
@@ -206,10 +206,10 @@ class Teller {
  public:
   explicit Teller(Output& output) : output_(output) { output.document()["differences"] = Json::array(); }
 
-  void tell(const ReadPair& pair, const std::vector<Cause>& causes) {
+  void tell(const ReadPair& pair, const std::vector<Difference>& causes) {
     std::vector<std::string> lines;
     Json list = Json::array();
-    for (const Cause& cause : causes) {
+    for (const Difference& cause : causes) {
       lines.push_back(cause_text(cause));
       list.push_back(json_of(cause));
     }
@@ -264,8 +264,8 @@ int diff(Compared compared, const std::string& plugin, bool all, Output& output)
   a.read(compared.prefixes, output);
   b.read(compared.prefixes, output);
   for (const Device* device : {&a, &b}) note_secrets(*device, output.redaction());
-  std::vector<Cause> causes = find_causes(a, b);
-  for (Cause& cause : causes) {
+  std::vector<Difference> causes = find_causes(a, b);
+  for (Difference& cause : causes) {
     if (cause.is_secret()) redact(cause.before, cause.after, output.redaction());
   }
   Teller teller(output);

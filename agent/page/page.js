@@ -51,10 +51,10 @@
 
   // ---- What a value was read from ----
 
-  // [kind, name, finding, whether it is missing]
-  function source([kind, name, finding, missing], differs) {
-    const text = element("dd", differs ? { class: "differs" } : {}, name);
-    if (finding) text.append(element("span", { class: missing ? "gone" : "found" }, (missing ? "  " : " ") + finding));
+  function source([kind, name, finding], differs) {
+    const classes = [kind === "missing" && "gone", differs && "differs"].filter(Boolean).join(" ");
+    const text = element("dd", classes ? { class: classes } : {}, name);
+    if (finding) text.append(element("span", { class: "found" }, " " + finding));
     return [element("dt", {}, kind), text];
   }
 

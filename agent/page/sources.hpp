@@ -4,13 +4,14 @@
 #include <nlohmann/json.hpp>
 
 #include "output/redaction.hpp"
-#include "seam/trace.hpp"
+#include "recording/reading.hpp"
 
 namespace kovadm {
 
-// Arrays of a kind ("option", "command", ...), a name, what was found there, and whether that is that it is missing.
-nlohmann::ordered_json sources_of(const seam::Trace& trace, const Redaction& redaction);
+// Arrays of a kind ("missing", "option", "command", ...), a name, and what was found there.
+nlohmann::ordered_json sources_of(const WatchedReading& reading, const Redaction& redaction);
 
-bool misses_source(const nlohmann::ordered_json& sources);
+// Whether what keeps a parameter from answering is a source that is not there or fails.
+bool is_missing_source(const Cause& cause);
 
 }  // namespace kovadm

@@ -110,7 +110,7 @@ class Table {
     sources = Json::array();
     if (reading == nullptr) return "<td class=v>" + absent("no such instance") + "</td>";
     const Redaction redaction = words.around(*reading);
-    sources = sources_of(reading->trace, redaction);
+    sources = sources_of(*reading, redaction);
     std::string html = reading->value ? value_html(*reading, redaction) : mark("fault", "fault 9002");
     if (!reading->value) marks.insert("fault");
     const std::string error = reading->value ? type_error(*reading->value, reading->parameter.row->type) : "";
@@ -118,7 +118,7 @@ class Table {
       marks.insert("invalid");
       html += mark("invalid", "no " + to_text(reading->parameter.row->type), error);
     }
-    if (misses_source(sources)) {
+    if (std::ranges::any_of(reading->causes, is_missing_source)) {
       marks.insert("missing");
       html += mark("missing", "source missing");
     }

@@ -50,10 +50,12 @@ std::vector<Reading> read_all(Agent& agent, const std::vector<std::string>& pref
 // Without one look at all: what each reads has to be seen.
 std::vector<WatchedReading> watch_all(Agent& agent, const std::vector<std::string>& prefixes, Output& output) {
   std::vector<WatchedReading> readings;
+  Inventory inventory;
   visit_all(agent, prefixes, output, [&](const Parameter& parameter) {
     std::optional<std::string> value;
     seam::Trace trace = seam::trace([&] { value = read(agent, parameter); });
-    readings.push_back({{parameter, value}, std::move(trace)});
+    std::set<Cause> causes = causes_of(parameter, value, trace, inventory);
+    readings.push_back({{parameter, value}, std::move(trace), std::move(causes)});
     return value.has_value();
   });
   return readings;
