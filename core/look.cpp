@@ -103,11 +103,12 @@ Kept* make(const SourceName& name) {
   return kept;
 }
 
-// Whether there is something to read, or the end, before long. Streams without a file never have one wait.
-bool is_ready(int file) {
+// Waits a while for something to read, or the end: 1 when there is, 0 when not, -1 when a signal came first. Streams
+// without a file never have one wait.
+int wait_for(int file) {
   constexpr int kPatience = 1000;  // milliseconds
   pollfd wanted = {file, POLLIN, 0};
-  return file < 0 || poll(&wanted, 1, kPatience) != 0;
+  return file < 0 ? 1 : poll(&wanted, 1, kPatience);
 }
 
 // A part of a stream; 0 at its end, -1 on an error.
@@ -265,7 +266,10 @@ LookedStream::LookedStream(SourceName::Kind kind, const char* name, const char* 
 bool LookedStream::read_ahead() {
   constexpr std::size_t kPart = 1024;
   constexpr long kMostSeconds = 2;
-  for (long since = 0; since == 0 || (now() - since < kMostSeconds && is_ready(fileno(stream_)));) {
+  for (long since = 0; since == 0 || now() - since < kMostSeconds;) {
+    const int ready = since == 0 ? 1 : wait_for(fileno(stream_));
+    if (ready == 0) return false;
+    if (ready < 0) continue;
     char* const place = found_.bytes.more(kPart);
     if (place == nullptr) return false;
     const ssize_t size = read_part(stream_, place, kPart);
