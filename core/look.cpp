@@ -204,6 +204,7 @@ Source::Source(const SourceName& name)
     if (is_same) {
       kept_ = *place;
       ++kept_->holders;
+      if (name.kind == SourceName::SCRIPT) seen_before = kept_->number - 1;  // as if it had run for this get
       if (kept_->found.error_number != 0) errno = kept_->found.error_number;
       return;
     }

@@ -244,6 +244,17 @@ TEST_F(Look, RunsTheScriptOfAGetOnce) {
   EXPECT_EQ(times(kScript), 4);
 }
 
+// Though another get ran it, which read something else of what it left.
+TEST_F(Look, ReadsWhatTheScriptLeftAndNotWhatWasBefore) {
+  static const int done = 0;
+  seams().system_status = [](const std::string&) { return write_file("/tmp/laninfo", "1 a 2 b"), &done; };
+  write_file("/tmp/laninfo", "1 before 2 before");
+  kova_look_begin();
+  EXPECT_EQ(line_of("cat /tmp/laninfo |  awk '{print $4}'"), "before");
+  EXPECT_EQ(get(X_KOVA_IPTV_VLANTYPE_LAN, {1}).text, "a");
+  EXPECT_EQ(get(X_KOVA_IPTV_VLANTYPE_LAN, {2}).text, "b");
+}
+
 TEST_F(Look, HasTheHostsMadeWheneverTheyAreNotThere) {
   kova_look_begin();
   for (const char* name : {"one", "other"}) {
