@@ -1,5 +1,9 @@
 #include "seam/trace.hpp"
 
+#include <poll.h>
+#include <sys/ioctl.h>
+
+#include <cerrno>
 #include <map>
 #include <string_view>
 
@@ -30,15 +34,13 @@ std::string package_name(const uci_package& package) {
 
 // ---- Commands ----
 
-// Whether there is something to read. Waits for it, as a handler does that has a pipe.
+// Whether there is something to read. Waits for it, as a handler does that has a pipe. Takes nothing of it into the
+// stream, beside which one look reads.
 bool has_text(FILE* pipe) {
-  const int first = std::getc(pipe);
-  if (first == EOF) {
-    std::clearerr(pipe);
-    return false;
-  }
-  std::ungetc(first, pipe);
-  return true;
+  pollfd wanted = {fileno(pipe), POLLIN, 0};
+  while (wanted.fd >= 0 && poll(&wanted, 1, -1) < 0 && errno == EINTR) continue;
+  int size = 0;
+  return ioctl(wanted.fd, FIONREAD, &size) == 0 && size > 0;
 }
 
 // ---- Bus ----

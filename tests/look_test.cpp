@@ -15,6 +15,7 @@
 
 #include "seam/platform.hpp"
 #include "seam/snapshot.hpp"
+#include "seam/trace.hpp"
 #include "support/catalogue.hpp"
 #include "support/device.hpp"
 
@@ -253,6 +254,15 @@ TEST_F(Look, ReadsWhatTheScriptLeftAndNotWhatWasBefore) {
   EXPECT_EQ(line_of("cat /tmp/laninfo |  awk '{print $4}'"), "before");
   EXPECT_EQ(get(X_KOVA_IPTV_VLANTYPE_LAN, {1}).text, "a");
   EXPECT_EQ(get(X_KOVA_IPTV_VLANTYPE_LAN, {2}).text, "b");
+}
+
+TEST_F(Look, HidesNothingFromWhoObserves) {
+  seam::name_plugin(dlsym(RTLD_DEFAULT, "util_exec"));
+  kova_look_begin();
+  std::string line;
+  const seam::Trace seen = seam::trace([&] { line = line_of("echo seen"); });
+  EXPECT_EQ(line, "seen");
+  EXPECT_TRUE(seen.ends.at(0).printed);
 }
 
 TEST_F(Look, HasTheHostsMadeWheneverTheyAreNotThere) {
