@@ -1,5 +1,5 @@
 // lab-bus: has a real bus daemon run, and answers there for the objects of /etc/lab/bus, from the same files as the
-// stand-in for libubus. Comes back when the bus is up; goes on in the background, until the router ends.
+// stand-in for libubus. Comes back when the bus is up or cannot be; goes on in the background, until the router ends.
 // lab-bus refresh: comes back when the bus has followed a change of the files.
 #include <fcntl.h>
 #include <signal.h>
@@ -100,8 +100,15 @@ pid_t daemon_process = 0;
 
 void note_process(const char* name, pid_t process) { std::ofstream(kRunDirectory + "/" + name + ".pid") << process; }
 
+void stop_daemon() {
+  connection.reset();
+  kill(daemon_process, SIGKILL);
+  waitpid(daemon_process, nullptr, 0);
+}
+
 void start_daemon() {
   daemon_process = fork();
+  if (daemon_process < 0) return;  // the next look tries again
   if (daemon_process == 0) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     execlp("ubusd", "ubusd", nullptr);
@@ -110,13 +117,8 @@ void start_daemon() {
   note_process("ubusd", daemon_process);
   ubus_context* bus = nullptr;
   for (int i = 0; i < kPatience && (bus = ubus_connect(nullptr)) == nullptr; ++i) usleep(10000);
-  if (bus != nullptr) connection = std::make_unique<Connection>(bus);
-}
-
-void stop_daemon() {
-  connection.reset();
-  kill(daemon_process, SIGKILL);
-  waitpid(daemon_process, nullptr, 0);
+  if (bus == nullptr) return stop_daemon();
+  connection = std::make_unique<Connection>(bus);
 }
 
 // Without a directory there is no bus; one that has ended is started again.
@@ -165,7 +167,8 @@ void look(uloop_timeout* timer) {
   uloop_timeout timer = {};
   timer.cb = look;
   look(&timer);
-  if (connection && write(ready, "", 1) == 1) close(ready);
+  if (connection && write(ready, "", 1) != 1) perror("lab-bus");
+  close(ready);  // without a bus as well: who waits has to go on
   uloop_run();
   _exit(0);
 }
