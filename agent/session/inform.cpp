@@ -88,6 +88,7 @@ std::optional<WanAddress> wan_address(Agent& agent, const Tree& tree) {
 
 std::string inform(Agent& agent, const Tree& tree, const std::set<std::string>& events, int retries,
                    const std::string& version) {
+  const Look look(agent);
   Envelope envelope(version, kInformId);
   pugi::xml_node message = envelope.add("Inform");
   add_device(message, tree);
