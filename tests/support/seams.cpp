@@ -2,6 +2,7 @@
 
 #include <syslog.h>
 
+#include <cerrno>
 #include <set>
 #include <utility>
 
@@ -69,7 +70,9 @@ class Scripted final : public seam::Platform {
   void refresh_bus() {
 #ifndef KOVA_STANDINS
     if (std::exchange(refreshing_, true)) return;
+    const int error = errno;  // which logs tell
     lab::refresh_bus();
+    errno = error;
     refreshing_ = false;
 #endif
   }
