@@ -52,7 +52,7 @@ std::size_t kept_size = 0;
 long now() {
   timespec time = {};
   clock_gettime(CLOCK_MONOTONIC, &time);
-  return time.tv_sec;
+  return static_cast<long>(time.tv_sec);
 }
 
 void release(Kept* kept) {

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <random>
+#include <regex>
 
 #include "support/catalogue.hpp"
 #include "support/device.hpp"
@@ -82,11 +83,17 @@ class Signals : public DeviceTest {
     return outcomes;
   }
 
+  // Loads move by themselves too, and may be the same twice by chance.
+  static bool is_load(const std::string& name) {
+    static const std::regex loads("CPUUsage|ProcessNumberOfEntries|MemoryStatus_(Free|Used)");
+    return std::regex_search(name, loads);
+  }
+
   // What a get answers may change by itself, but not become empty.
   static void expect_as(const std::vector<Answer>& quiet, const std::vector<Answer>& answers,
                         const std::vector<Answer>& quiet_again) {
     for (size_t i = 0; i < answers.size(); ++i) {
-      if (quiet[i] == quiet_again[i]) {
+      if (quiet[i] == quiet_again[i] && !is_load(kCatalogue[i].name)) {
         EXPECT_EQ(answers[i], quiet[i]) << kCatalogue[i].name;
       } else {
         EXPECT_EQ(answers[i].result, 0) << kCatalogue[i].name;
