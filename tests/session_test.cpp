@@ -249,6 +249,13 @@ TEST_F(Kovadm, ADeviceStaysAndCalls) {
   EXPECT_EQ(contents("/root/error")->find("failed:"), std::string::npos) << *contents("/root/error");
 }
 
+TEST_F(Kovadm, ADeviceThatFindsNoServerTriesAgain) {
+  run("timeout -s INT 1 kovadm session --stay http://127.0.0.1:1/ >/root/out 2>/root/error");
+  const std::string told = *contents("/root/out");
+  EXPECT_TRUE(std::regex_search(told, std::regex("\ntries again in ([5-9]|10) s\nended\n$"))) << told;
+  EXPECT_NE(contents("/root/error")->find("failed: http://127.0.0.1:1/: "), std::string::npos);
+}
+
 TEST_F(Kovadm, ARecordingStandsInFrontOfAServer) {
   run("kovadm record /root/router.json >/dev/null; rm -r /etc/config");
   Acs acs(asks({set_of({{"Device.ManagementServer.PeriodicInformInterval", "600"}}), kInterval}));

@@ -131,7 +131,15 @@ pugi::xml_node Envelope::add_fault(int code, const char* text) {
 std::string Envelope::text() const {
   std::ostringstream stream;
   document_.save(stream, " ", pugi::format_indent);
-  return stream.str();
+  std::string text;
+  for (const char character : stream.str()) {
+    // Who reads it takes a bare carriage return for the end of a line.
+    if (character == '\r')
+      text += "&#13;";
+    else
+      text += character;
+  }
+  return text;
 }
 
 pugi::xml_node add_text(pugi::xml_node parent, const char* name, const std::string& text) {

@@ -88,7 +88,9 @@ class Stay {
   void call() {
     const auto address = now_address_;
     if (!device_.hold(events_, retries_)) {
-      not_before_ = now() + some_of(retry_wait(++retries_));
+      const double wait = some_of(retry_wait(++retries_));
+      not_before_ = now() + wait;
+      context_.output().line("tries again in " + std::to_string(std::lround(wait)) + " s");
       return;
     }
     address_ = address;
