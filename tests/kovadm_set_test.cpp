@@ -208,7 +208,7 @@ TEST_F(Kovadm, ToldSecretsAreNone) {
 
 TEST_F(Kovadm, OneWaitsForAnother) {
   run("kovadm record /root/r Device.LEDs. >/dev/null");
-  script_is("/usr/bin/tr069/apply/leds", "echo >/root/started; sleep 1");
+  script_is("/usr/bin/tr069/apply/leds", "echo >/root/started; until test -e /root/end; do sleep 0.05; done");
   run("kovadm set --apply Device.LEDs.Enable=0 >/dev/null & until test -e /root/started; do sleep 0.01; done");
   EXPECT_EQ(kovadm("get Device.LEDs.Enable").status, 0);
   for (const char* command : {"set Device.LEDs.Enable=1", "walk Device.LEDs.", "record /root/r", "diff /root/r",
@@ -217,6 +217,7 @@ TEST_F(Kovadm, OneWaitsForAnother) {
     EXPECT_EQ(late.status, 2);
     EXPECT_EQ(late.error, "kovadm: another kovadm is at work on this router; waited 0 s for it\n") << command;
   }
+  run("(sleep 0.3; echo >/root/end) &");
   EXPECT_EQ(kovadm("set Device.LEDs.Enable=1").lines().back(), "Device.LEDs.Enable = 1");
   // At once: each tells its own change, from the value that another one left.
   run("for i in 1 2 3 4 5 6; do kovadm set Device.DeviceInfo.ProvisioningCode=code$i >/root/set$i & done; wait");
